@@ -1,0 +1,63 @@
+// mirkal-cli: the engines of Mirkal for scripts and terminals.
+
+#include <iostream>
+#include <string>
+
+#include "cli/Ordenes.h"
+
+namespace {
+
+constexpr const char* kUso =
+    "Uso: mirkal-cli ORDEN [opciones] ...\n"
+    "\n"
+    "Órdenes:\n"
+    "  sintaxis [--ecuacion | --desigualdad] TEXTO\n"
+    "      Comprueba la sintaxis de una expresión (o de una ecuación o\n"
+    "      desigualdad) e imprime su forma normalizada.\n"
+    "\n"
+    "  mirkal-cli --help      muestra esta ayuda\n"
+    "  mirkal-cli --version   muestra la versión\n"
+    "\n"
+    "Estado de salida: 0 correcto, 1 entrada rechazada, 2 uso incorrecto.\n";
+
+} // namespace
+
+int ErrorDeUso(const std::string& motivo) {
+  std::cerr << "mirkal-cli: " << motivo << "\n"
+            << "Pruebe 'mirkal-cli --help' para más información.\n";
+  return kSalidaUso;
+}
+
+int Rechazo(int linea, int columna, const std::string& descripcion) {
+  if (linea >= 0)
+    std::cerr << "línea " << linea + 1 << ", columna " << columna + 1 << ": ";
+  std::cerr << descripcion << '\n';
+  return kSalidaRechazo;
+}
+
+std::string FinesDeLineaDeDocumento(const std::string& texto) {
+  std::string doc;
+  doc.reserve(texto.size());
+  for (std::size_t i = 0; i < texto.size(); ++i) {
+    if (texto[i] == '\n' && (i == 0 || texto[i - 1] != '\r')) doc += '\r';
+    doc += texto[i];
+  }
+  return doc;
+}
+
+int main(int argc, char** argv) {
+  Argumentos args(argv + 1, argv + argc);
+  if (args.empty()) return ErrorDeUso("falta la orden");
+  const std::string orden = args.front();
+  args.erase(args.begin());
+  if (orden == "--help" || orden == "-h") {
+    std::cout << kUso;
+    return kSalidaBien;
+  }
+  if (orden == "--version") {
+    std::cout << "mirkal-cli " << MIRKAL_VERSION << '\n';
+    return kSalidaBien;
+  }
+  if (orden == "sintaxis") return OrdenSintaxis(args);
+  return ErrorDeUso("orden desconocida: " + orden);
+}

@@ -1,0 +1,333 @@
+#include "lang/AnaLex.h"
+
+#include <algorithm>
+
+#include "lang/Aviso.h"
+#include "lang/Cp1252.h"
+
+namespace {
+
+constexpr unsigned char kCR = 13, kLF = 10;
+constexpr unsigned char kComentario = '\'', kDelimitador = '"', kContinuacion = '_';
+
+bool EsDigito(unsigned char b) { return b >= '0' && b <= '9'; }
+bool EsBlanco(unsigned char b) { return b == ' ' || b == '\t'; }
+
+// Letters that may start an identifier: the ASCII ones and the twelve
+// accented letters of Spanish (deliberately not ü nor à).
+bool EsInicioId(unsigned char b) {
+  if ((b >= 'A' && b <= 'Z') || (b >= 'a' && b <= 'z')) return true;
+  switch (b) {
+  case 193: case 201: case 205: case 211: case 218: case 209: // Á É Í Ó Ú Ñ
+  case 225: case 233: case 237: case 243: case 250: case 241: // á é í ó ú ñ
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool EsCarId(unsigned char b) { return EsInicioId(b) || EsDigito(b); }
+
+bool EsCarOpr(unsigned char b) {
+  if (b == kComentario || b == kDelimitador || b == kContinuacion) return false;
+  return (b >= 33 && b <= 47) || (b >= 58 && b <= 64) || (b >= 91 && b <= 96) ||
+         (b >= 123 && b <= 126) || b == 183; // 183: the middle dot
+}
+
+unsigned char Minuscula(unsigned char b) {
+  if ((b >= 'A' && b <= 'Z') || (b >= 0xC0 && b <= 0xDE && b != 0xD7)) return b + 0x20;
+  if (b == 0x8A || b == 0x8C || b == 0x8E) return b + 0x10; // Š Œ Ž
+  if (b == 0x9F) return 0xFF;                               // Ÿ
+  return b;
+}
+
+std::string EnMinusculas(std::string s) {
+  for (char& c : s) c = static_cast<char>(Minuscula(static_cast<unsigned char>(c)));
+  return s;
+}
+
+std::string Entrecomillado(const std::string& bytes) {
+  std::string r(1, '"');
+  r += Cp1252AUtf8(bytes);
+  r += '"';
+  return r;
+}
+
+} // namespace
+
+std::string AnaLex::Buffer() const { return Cp1252AUtf8(buf_); }
+
+void AnaLex::Buffer(const std::string& texto) {
+  buf_ = Utf8ACp1252(texto);
+  ptr_ = lin_ = col_ = 0;
+  pila_.clear();
+}
+
+std::string AnaLex::Lex() const { return Cp1252AUtf8(lex_); }
+std::string AnaLex::LexCad() const { return Cp1252AUtf8(lexCad_); }
+
+std::string AnaLex::PuntoDec() const { return std::to_string(puntoDec_); }
+
+void AnaLex::PuntoDec(const std::string& separador) {
+  if (separador != "." && separador != ",") {
+    Avisa(".AnaLex.PuntoDec", "El separador decimal sólo puede ser el punto o la coma.");
+    return;
+  }
+  puntoDec_ = static_cast<unsigned char>(separador[0]);
+}
+
+void AnaLex::AñadePC(int codigo, const std::string& palabra) {
+  const std::string p = EnMinusculas(Utf8ACp1252(palabra));
+  const bool bienFormada =
+      !p.empty() && EsInicioId(static_cast<unsigned char>(p[0])) &&
+      std::all_of(p.begin(), p.end(), [](char c) {
+        return EsCarId(static_cast<unsigned char>(c)) || c == kContinuacion;
+      });
+  if (!bienFormada) {
+    Avisa(".AnaLex.AñadePC", "La palabra clave " + Entrecomillado(p) +
+                                 " no posee la sintaxis de los identificadores.");
+    return;
+  }
+  const auto pos = std::lower_bound(palabras_.begin(), palabras_.end(), p,
+                                    [](const Entrada& e, const std::string& t) { return e.texto < t; });
+  if (pos != palabras_.end() && pos->texto == p) {
+    Avisa(".AnaLex.AñadePC", "La palabra clave " + Entrecomillado(p) +
+                                 " ya existe en la lista de palabras clave.");
+    return;
+  }
+  palabras_.insert(pos, Entrada{p, codigo});
+}
+
+void AnaLex::AñadeOpr(int codigo, const std::string& texto) {
+  const std::string t = Utf8ACp1252(texto);
+  const bool bienFormado = !t.empty() && std::all_of(t.begin(), t.end(), [](char c) {
+    return EsCarOpr(static_cast<unsigned char>(c));
+  });
+  if (!bienFormado) {
+    Avisa(".AnaLex.AñadeOpr",
+          "El Operador " + Entrecomillado(t) + " no posee la sintaxis de los operadores.");
+    return;
+  }
+  const auto pos = std::lower_bound(operadores_.begin(), operadores_.end(), t,
+                                    [](const Entrada& e, const std::string& s) { return e.texto < s; });
+  if (pos != operadores_.end() && pos->texto == t) {
+    Avisa(".AnaLex.AñadeOpr",
+          "El Operador " + Entrecomillado(t) + " ya existe en la lista de operadores.");
+    return;
+  }
+  operadores_.insert(pos, Entrada{t, codigo});
+}
+
+void AnaLex::GuardaEstado() {
+  // Full stack: the oldest state gives way so that the newest always fits.
+  if (pila_.size() == kMaxEstados) pila_.erase(pila_.begin());
+  pila_.push_back(Estado{ptr_, lin_, col_, ultInd_, indCls_, lex_, lexCad_});
+}
+
+void AnaLex::Restaura() {
+  if (pila_.empty()) {
+    Avisa(".AnaLex", "No hay estados en la pila del analizador léxico.");
+    return;
+  }
+  Estado& e = pila_.back();
+  ptr_ = e.ptr, lin_ = e.lin, col_ = e.col, ultInd_ = e.ultInd, indCls_ = e.indCls;
+  lex_ = std::move(e.lex);
+  lexCad_ = std::move(e.lexCad);
+  pila_.pop_back();
+}
+
+// " _" followed by an end of line joins two lines.
+bool AnaLex::EsContinuacion(int pos) const {
+  const int n = static_cast<int>(buf_.size());
+  return pos > 0 && EsBlanco(static_cast<unsigned char>(buf_[pos - 1])) && pos + 1 < n &&
+         static_cast<unsigned char>(buf_[pos + 1]) == kCR;
+}
+
+void AnaLex::SaltaBlancos() {
+  const int n = static_cast<int>(buf_.size());
+  auto pasaFinDeLinea = [&] {
+    if (ptr_ < n && static_cast<unsigned char>(buf_[ptr_]) == kCR) ++ptr_;
+    if (ptr_ < n && static_cast<unsigned char>(buf_[ptr_]) == kLF) ++ptr_;
+    ++lin_;
+    col_ = 0;
+  };
+  while (ptr_ < n) {
+    const auto b = static_cast<unsigned char>(buf_[ptr_]);
+    if (EsBlanco(b)) {
+      ++ptr_, ++col_;
+    } else if (b == kCR) {
+      if (!ignFL_) return;
+      pasaFinDeLinea();
+    } else if (b == kComentario) {
+      if (!ignCom_) return;
+      while (ptr_ < n && static_cast<unsigned char>(buf_[ptr_]) != kCR) ++ptr_, ++col_;
+    } else if (b == kContinuacion && EsContinuacion(ptr_)) {
+      ++ptr_;
+      pasaFinDeLinea();
+    } else {
+      return;
+    }
+  }
+}
+
+bool AnaLex::LeeCadena() {
+  const int n = static_cast<int>(buf_.size());
+  std::string contenido;
+  for (int i = ptr_ + 1; i < n;) {
+    const auto b = static_cast<unsigned char>(buf_[i]);
+    if (b == kCR) return false;
+    if (b != kDelimitador) {
+      contenido += static_cast<char>(b);
+      ++i;
+    } else if (i + 1 < n && static_cast<unsigned char>(buf_[i + 1]) == kDelimitador) {
+      contenido += static_cast<char>(kDelimitador);
+      i += 2;
+    } else {
+      lexCad_ = std::move(contenido);
+      Toma(i + 1 - ptr_);
+      return true;
+    }
+  }
+  return false;
+}
+
+// The number state machine: returns how many bytes from PtrBuffer form the
+// longest accepted number (0: none). States: 0 start, 1 integer digits,
+// 2 after separator, 3 fraction digits, 4 after exponent letter, 5 after
+// exponent sign, 6 exponent digits.
+int AnaLex::LongNumero() const {
+  const int n = static_cast<int>(buf_.size());
+  int estado = 0, aceptado = 0;
+  for (int i = ptr_; i < n; ++i) {
+    const auto b = static_cast<unsigned char>(buf_[i]);
+    const bool digito = EsDigito(b);
+    const bool separador = b == puntoDec_;
+    const bool exponente = b == 'D' || b == 'E' || b == 'd' || b == 'e';
+    const bool signo = b == '+' || b == '-';
+    int sigue = -1;
+    switch (estado) {
+    case 0: sigue = digito ? 1 : separador ? 2 : -1; break;
+    case 1: sigue = digito ? 1 : separador ? 2 : exponente ? 4 : -1; break;
+    case 2: sigue = digito ? 3 : -1; break;
+    case 3: sigue = digito ? 3 : exponente ? 4 : -1; break;
+    case 4: sigue = digito ? 6 : signo ? 5 : -1; break;
+    case 5: sigue = digito ? 6 : -1; break;
+    case 6: sigue = digito ? 6 : -1; break;
+    }
+    if (sigue < 0) break;
+    estado = sigue;
+    if (digito) aceptado = i - ptr_ + 1;
+  }
+  return aceptado;
+}
+
+// Longest operator at PtrBuffer; blanks may stand between an operator's
+// characters. Of equal lengths, the earlier entry of the sorted list wins.
+int AnaLex::LongOperador(int& codigo) const {
+  const int n = static_cast<int>(buf_.size());
+  const char primero = buf_[ptr_];
+  auto desde = std::partition_point(operadores_.begin(), operadores_.end(), [&](const Entrada& e) {
+    return static_cast<unsigned char>(e.texto[0]) < static_cast<unsigned char>(primero);
+  });
+  int mejor = 0;
+  for (auto e = desde; e != operadores_.end() && e->texto[0] == primero; ++e) {
+    int i = ptr_;
+    bool casa = true;
+    for (std::size_t j = 0; j < e->texto.size() && casa; ++j) {
+      if (j > 0)
+        while (i < n && EsBlanco(static_cast<unsigned char>(buf_[i]))) ++i;
+      casa = i < n && buf_[i] == e->texto[j];
+      ++i;
+    }
+    if (casa && i - ptr_ > mejor) {
+      mejor = i - ptr_;
+      codigo = e->codigo;
+    }
+  }
+  return mejor;
+}
+
+void AnaLex::Toma(int longitud) {
+  lex_.assign(buf_.data() + ptr_, static_cast<std::size_t>(longitud));
+  ptr_ += longitud;
+  col_ += longitud;
+}
+
+int AnaLex::SgtToken() {
+  antInd_ = ultInd_;
+  GuardaEstado();
+  SaltaBlancos();
+
+  const int n = static_cast<int>(buf_.size());
+  const auto b = ptr_ < n ? static_cast<unsigned char>(buf_[ptr_]) : 0;
+  int clase, codigo = 0;
+  bool registrado = false; // keywords and operators return their own code
+  if (ptr_ < n && b == kCR && !ignFL_) {
+    const int largo = ptr_ + 1 < n && static_cast<unsigned char>(buf_[ptr_ + 1]) == kLF ? 2 : 1;
+    lex_.assign(buf_, ptr_, largo);
+    ptr_ += largo;
+    ++lin_;
+    col_ = 0;
+    clase = indFL_;
+  } else if (ptr_ < n && b == kComentario && !ignCom_) {
+    const auto fin = buf_.find(static_cast<char>(kCR), ptr_);
+    Toma(static_cast<int>(fin == std::string::npos ? n - ptr_ : fin - ptr_));
+    clase = indCom_;
+  } else if (ptr_ >= n) {
+    lex_.clear();
+    clase = indFA_;
+  } else if (b == kDelimitador && LeeCadena()) {
+    clase = indCad_;
+  } else if (const int largo = LongNumero(); largo > 0) {
+    Toma(largo);
+    clase = indNum_;
+  } else if (EsInicioId(b)) {
+    int largo = 1;
+    while (ptr_ + largo < n) {
+      const auto c = static_cast<unsigned char>(buf_[ptr_ + largo]);
+      if (!EsCarId(c) && c != kContinuacion) break;
+      ++largo;
+    }
+    Toma(largo);
+    const std::string clave = EnMinusculas(lex_);
+    const auto pos =
+        std::lower_bound(palabras_.begin(), palabras_.end(), clave,
+                         [](const Entrada& e, const std::string& t) { return e.texto < t; });
+    if (pos != palabras_.end() && pos->texto == clave) {
+      clase = indPC_;
+      codigo = pos->codigo;
+      registrado = true;
+    } else {
+      clase = indId_;
+    }
+  } else if (const int largo = LongOperador(codigo); largo > 0) {
+    Toma(largo);
+    clase = indOpr_;
+    registrado = true;
+  } else {
+    Toma(1);
+    clase = indDesc_;
+  }
+  indCls_ = clase;
+  ultInd_ = registrado ? codigo : clase;
+  return ultInd_;
+}
+
+bool AnaLex::VieneIndCls(int cls) {
+  SgtToken();
+  const bool viene = indCls_ == cls;
+  Restaura();
+  return viene;
+}
+
+bool AnaLex::AvanzaToken(int codigo) {
+  if (SgtToken() == codigo) return true;
+  Restaura();
+  return false;
+}
+
+bool AnaLex::VieneToken(int codigo) {
+  const bool viene = SgtToken() == codigo;
+  Restaura();
+  return viene;
+}

@@ -1,0 +1,37 @@
+#pragma once
+// Errors raised inside the engines. User-input failures are numbered
+// 0x80040000 + a small code; failures of the arithmetic itself keep fixed
+// numbers of their own, outside that range, with short descriptions.
+// Every public member of an engine catches ErrorMotor in its trap and fills
+// its error record: nothing escapes to the caller.
+
+#include <cstdint>
+#include <string>
+
+inline constexpr std::uint32_t kBaseErrores = 0x80040000u;
+inline constexpr std::uint32_t kFinErrores = 0x80050001u; // first number past the range
+
+// The number of the user-input error with this code (code 6 is -2147221498).
+constexpr std::int32_t NumeroError(int codigo) {
+  return static_cast<std::int32_t>(kBaseErrores + static_cast<std::uint32_t>(codigo));
+}
+
+// Whether a number belongs to the user-input range, and so has its message
+// in the raising engine's own table.
+constexpr bool EsErrorDeUsuario(std::int32_t numero) {
+  const auto n = static_cast<std::uint32_t>(numero);
+  return n > kBaseErrores && n < kFinErrores;
+}
+
+// Failures of the arithmetic.
+inline constexpr std::int32_t kErrArgumento = 5;
+inline constexpr std::int32_t kErrDesbordamiento = 6;
+inline constexpr std::int32_t kErrDivisionCero = 11;
+inline constexpr const char* kDescArgumento = "Argumento fuera del dominio";
+inline constexpr const char* kDescDesbordamiento = "Desbordamiento";
+inline constexpr const char* kDescDivisionCero = "División por cero";
+
+struct ErrorMotor {
+  std::int32_t numero;
+  std::string descripcion; // empty for user-input errors: the engine's table gives it
+};
