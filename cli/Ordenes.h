@@ -12,6 +12,8 @@ inline constexpr int kSalidaUso = 2;
 using Argumentos = std::vector<std::string>;
 
 int OrdenSintaxis(const Argumentos& args);
+int OrdenSimplificar(const Argumentos& args);
+int OrdenDespejar(const Argumentos& args);
 
 // Writes the short usage to standard error and returns kSalidaUso.
 int ErrorDeUso(const std::string& motivo);

@@ -14,6 +14,13 @@ constexpr const char* kUso =
     "  sintaxis [--ecuacion | --desigualdad] TEXTO\n"
     "      Comprueba la sintaxis de una expresión (o de una ecuación o\n"
     "      desigualdad) e imprime su forma normalizada.\n"
+    "  simplificar [--numerico] [--constantes] EXPRESIÓN\n"
+    "      Simplifica la expresión. --numerico evalúa las partes numéricas (y\n"
+    "      sustituye las constantes); --constantes sustituye Pi y e por su valor.\n"
+    "  despejar EXPRESIÓN VARIABLE\n"
+    "      Resuelve EXPRESIÓN = 0 para VARIABLE si tiene la forma a*VARIABLE^n + b.\n"
+    "\n"
+    "Un argumento que empiece por -- se escribe detrás de --.\n"
     "\n"
     "  mirkal-cli --help      muestra esta ayuda\n"
     "  mirkal-cli --version   muestra la versión\n"
@@ -29,8 +36,7 @@ int ErrorDeUso(const std::string& motivo) {
 }
 
 int Rechazo(int linea, int columna, const std::string& descripcion) {
-  if (linea >= 0)
-    std::cerr << "línea " << linea + 1 << ", columna " << columna + 1 << ": ";
+  if (linea >= 0) std::cerr << "línea " << linea + 1 << ", columna " << columna + 1 << ": ";
   std::cerr << descripcion << '\n';
   return kSalidaRechazo;
 }
@@ -59,5 +65,7 @@ int main(int argc, char** argv) {
     return kSalidaBien;
   }
   if (orden == "sintaxis") return OrdenSintaxis(args);
+  if (orden == "simplificar") return OrdenSimplificar(args);
+  if (orden == "despejar") return OrdenDespejar(args);
   return ErrorDeUso("orden desconocida: " + orden);
 }

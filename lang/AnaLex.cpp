@@ -18,8 +18,18 @@ bool EsBlanco(unsigned char b) { return b == ' ' || b == '\t'; }
 bool EsInicioId(unsigned char b) {
   if ((b >= 'A' && b <= 'Z') || (b >= 'a' && b <= 'z')) return true;
   switch (b) {
-  case 193: case 201: case 205: case 211: case 218: case 209: // Á É Í Ó Ú Ñ
-  case 225: case 233: case 237: case 243: case 250: case 241: // á é í ó ú ñ
+  case 193:
+  case 201:
+  case 205:
+  case 211:
+  case 218:
+  case 209: // Á É Í Ó Ú Ñ
+  case 225:
+  case 233:
+  case 237:
+  case 243:
+  case 250:
+  case 241: // á é í ó ú ñ
     return true;
   default:
     return false;
@@ -34,18 +44,6 @@ bool EsCarOpr(unsigned char b) {
          (b >= 123 && b <= 126) || b == 183; // 183: the middle dot
 }
 
-unsigned char Minuscula(unsigned char b) {
-  if ((b >= 'A' && b <= 'Z') || (b >= 0xC0 && b <= 0xDE && b != 0xD7)) return b + 0x20;
-  if (b == 0x8A || b == 0x8C || b == 0x8E) return b + 0x10; // Š Œ Ž
-  if (b == 0x9F) return 0xFF;                               // Ÿ
-  return b;
-}
-
-std::string EnMinusculas(std::string s) {
-  for (char& c : s) c = static_cast<char>(Minuscula(static_cast<unsigned char>(c)));
-  return s;
-}
-
 std::string Entrecomillado(const std::string& bytes) {
   std::string r(1, '"');
   r += Cp1252AUtf8(bytes);
@@ -57,8 +55,10 @@ std::string Entrecomillado(const std::string& bytes) {
 
 std::string AnaLex::Buffer() const { return Cp1252AUtf8(buf_); }
 
-void AnaLex::Buffer(const std::string& texto) {
-  buf_ = Utf8ACp1252(texto);
+void AnaLex::Buffer(const std::string& texto) { BufferBytes(Utf8ACp1252(texto)); }
+
+void AnaLex::BufferBytes(std::string bytes) {
+  buf_ = std::move(bytes);
   ptr_ = lin_ = col_ = 0;
   pila_.clear();
 }
@@ -78,21 +78,21 @@ void AnaLex::PuntoDec(const std::string& separador) {
 
 void AnaLex::AñadePC(int codigo, const std::string& palabra) {
   const std::string p = EnMinusculas(Utf8ACp1252(palabra));
-  const bool bienFormada =
-      !p.empty() && EsInicioId(static_cast<unsigned char>(p[0])) &&
-      std::all_of(p.begin(), p.end(), [](char c) {
-        return EsCarId(static_cast<unsigned char>(c)) || c == kContinuacion;
-      });
+  const bool bienFormada = !p.empty() && EsInicioId(static_cast<unsigned char>(p[0])) &&
+                           std::all_of(p.begin(), p.end(), [](char c) {
+                             return EsCarId(static_cast<unsigned char>(c)) || c == kContinuacion;
+                           });
   if (!bienFormada) {
     Avisa(".AnaLex.AñadePC", "La palabra clave " + Entrecomillado(p) +
                                  " no posee la sintaxis de los identificadores.");
     return;
   }
-  const auto pos = std::lower_bound(palabras_.begin(), palabras_.end(), p,
-                                    [](const Entrada& e, const std::string& t) { return e.texto < t; });
+  const auto pos =
+      std::lower_bound(palabras_.begin(), palabras_.end(), p,
+                       [](const Entrada& e, const std::string& t) { return e.texto < t; });
   if (pos != palabras_.end() && pos->texto == p) {
-    Avisa(".AnaLex.AñadePC", "La palabra clave " + Entrecomillado(p) +
-                                 " ya existe en la lista de palabras clave.");
+    Avisa(".AnaLex.AñadePC",
+          "La palabra clave " + Entrecomillado(p) + " ya existe en la lista de palabras clave.");
     return;
   }
   palabras_.insert(pos, Entrada{p, codigo});
@@ -108,8 +108,9 @@ void AnaLex::AñadeOpr(int codigo, const std::string& texto) {
           "El Operador " + Entrecomillado(t) + " no posee la sintaxis de los operadores.");
     return;
   }
-  const auto pos = std::lower_bound(operadores_.begin(), operadores_.end(), t,
-                                    [](const Entrada& e, const std::string& s) { return e.texto < s; });
+  const auto pos =
+      std::lower_bound(operadores_.begin(), operadores_.end(), t,
+                       [](const Entrada& e, const std::string& s) { return e.texto < s; });
   if (pos != operadores_.end() && pos->texto == t) {
     Avisa(".AnaLex.AñadeOpr",
           "El Operador " + Entrecomillado(t) + " ya existe en la lista de operadores.");
@@ -160,7 +161,8 @@ void AnaLex::SaltaBlancos() {
       pasaFinDeLinea();
     } else if (b == kComentario) {
       if (!ignCom_) return;
-      while (ptr_ < n && static_cast<unsigned char>(buf_[ptr_]) != kCR) ++ptr_, ++col_;
+      while (ptr_ < n && static_cast<unsigned char>(buf_[ptr_]) != kCR)
+        ++ptr_, ++col_;
     } else if (b == kContinuacion && EsContinuacion(ptr_)) {
       ++ptr_;
       pasaFinDeLinea();
@@ -206,13 +208,27 @@ int AnaLex::LongNumero() const {
     const bool signo = b == '+' || b == '-';
     int sigue = -1;
     switch (estado) {
-    case 0: sigue = digito ? 1 : separador ? 2 : -1; break;
-    case 1: sigue = digito ? 1 : separador ? 2 : exponente ? 4 : -1; break;
-    case 2: sigue = digito ? 3 : -1; break;
-    case 3: sigue = digito ? 3 : exponente ? 4 : -1; break;
-    case 4: sigue = digito ? 6 : signo ? 5 : -1; break;
-    case 5: sigue = digito ? 6 : -1; break;
-    case 6: sigue = digito ? 6 : -1; break;
+    case 0:
+      sigue = digito ? 1 : separador ? 2 : -1;
+      break;
+    case 1:
+      sigue = digito ? 1 : separador ? 2 : exponente ? 4 : -1;
+      break;
+    case 2:
+      sigue = digito ? 3 : -1;
+      break;
+    case 3:
+      sigue = digito ? 3 : exponente ? 4 : -1;
+      break;
+    case 4:
+      sigue = digito ? 6 : signo ? 5 : -1;
+      break;
+    case 5:
+      sigue = digito ? 6 : -1;
+      break;
+    case 6:
+      sigue = digito ? 6 : -1;
+      break;
     }
     if (sigue < 0) break;
     estado = sigue;
@@ -235,7 +251,8 @@ int AnaLex::LongOperador(int& codigo) const {
     bool casa = true;
     for (std::size_t j = 0; j < e->texto.size() && casa; ++j) {
       if (j > 0)
-        while (i < n && EsBlanco(static_cast<unsigned char>(buf_[i]))) ++i;
+        while (i < n && EsBlanco(static_cast<unsigned char>(buf_[i])))
+          ++i;
       casa = i < n && buf_[i] == e->texto[j];
       ++i;
     }

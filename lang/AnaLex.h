@@ -25,6 +25,11 @@ public:
   std::string Buffer() const;
   void Buffer(const std::string& texto);
 
+  // The same, for engine code that already holds Windows-1252 bytes (the
+  // calculator's texts, the document's cells): no conversion.
+  void BufferBytes(std::string bytes);
+  const std::string& LexBytes() const { return lex_; }
+
   int PtrBuffer() const { return ptr_; }
   int Lin() const { return lin_; }
   int Col() const { return col_; }

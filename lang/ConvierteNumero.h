@@ -1,11 +1,17 @@
 #pragma once
-// The conversion of a numeric literal of the expression language to a
-// double: digits, an optional separator and fraction, an optional exponent
-// introduced by D, E, d or e. Independent of the process locale.
+// Number texts to doubles, independent of the process locale (the desktop
+// program's locale may well use a decimal comma).
 
 #include <string_view>
 
-// Throws ErrorMotor{kErrDesbordamiento} when the value is beyond the double
-// range; a value too small to represent becomes 0. The text must be a whole
-// literal as the lexer reads it, with `separador` as decimal separator.
+// Lenient reading of a number text: skips leading blanks, reads an optional
+// sign, digits, one "." and an optional exponent (E, e, D or d, optional
+// sign, digits), and stops at the first character that does not fit. Never
+// fails: an empty or non-numeric text gives 0, a value beyond the double
+// range gives an infinity of its sign, one too small to represent gives 0.
+double LeeNumero(std::string_view texto);
+
+// A numeric literal as the lexer reads it, with `separador` as its decimal
+// separator. Throws ErrorMotor{kErrDesbordamiento} when the value is beyond
+// the double range.
 double ConvierteLiteral(std::string_view texto, char separador = '.');

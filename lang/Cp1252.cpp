@@ -85,3 +85,31 @@ std::string Cp1252AUtf8(std::string_view bytes) {
 }
 
 int LongitudUtf8(std::string_view utf8) { return static_cast<int>(Utf8ACp1252(utf8).size()); }
+
+namespace {
+
+unsigned char Minuscula(unsigned char b) {
+  if ((b >= 'A' && b <= 'Z') || (b >= 0xC0 && b <= 0xDE && b != 0xD7)) return b + 0x20;
+  if (b == 0x8A || b == 0x8C || b == 0x8E) return b + 0x10; // Š Œ Ž
+  if (b == 0x9F) return 0xFF;                               // Ÿ
+  return b;
+}
+
+unsigned char Mayuscula(unsigned char b) {
+  if ((b >= 'a' && b <= 'z') || (b >= 0xE0 && b <= 0xFE && b != 0xF7)) return b - 0x20;
+  if (b == 0x9A || b == 0x9C || b == 0x9E) return b - 0x10; // š œ ž
+  if (b == 0xFF) return 0x9F;                               // ÿ
+  return b;
+}
+
+template <unsigned char (*Cambia)(unsigned char)> std::string Convierte(std::string_view bytes) {
+  std::string out(bytes);
+  for (char& c : out)
+    c = static_cast<char>(Cambia(static_cast<unsigned char>(c)));
+  return out;
+}
+
+} // namespace
+
+std::string EnMinusculas(std::string_view bytes) { return Convierte<Minuscula>(bytes); }
+std::string EnMayusculas(std::string_view bytes) { return Convierte<Mayuscula>(bytes); }

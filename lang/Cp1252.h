@@ -22,3 +22,8 @@ std::string Cp1252AUtf8(std::string_view bytes);
 // The number of characters in a UTF-8 text (a broken sequence counts one
 // character per byte, as Utf8ACp1252 reads it).
 int LongitudUtf8(std::string_view utf8);
+
+// Letter case of a Windows-1252 byte text (ASCII and the accented Latin
+// letters), for the comparisons that ignore case.
+std::string EnMinusculas(std::string_view bytes);
+std::string EnMayusculas(std::string_view bytes);

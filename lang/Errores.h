@@ -27,9 +27,14 @@ constexpr bool EsErrorDeUsuario(std::int32_t numero) {
 inline constexpr std::int32_t kErrArgumento = 5;
 inline constexpr std::int32_t kErrDesbordamiento = 6;
 inline constexpr std::int32_t kErrDivisionCero = 11;
+// Parentheses and function calls nested deeper than kMaxAnidamiento: refused
+// before the recursive readers could run out of stack.
+inline constexpr std::int32_t kErrAnidamiento = 28;
+inline constexpr int kMaxAnidamiento = 200;
 inline constexpr const char* kDescArgumento = "Argumento fuera del dominio";
 inline constexpr const char* kDescDesbordamiento = "Desbordamiento";
 inline constexpr const char* kDescDivisionCero = "División por cero";
+inline constexpr const char* kDescAnidamiento = "Expresión anidada en exceso";
 
 struct ErrorMotor {
   std::int32_t numero;

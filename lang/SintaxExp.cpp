@@ -25,12 +25,18 @@ constexpr int kMsgExpresion = 1, kMsgRelacion = 2;
 // The message number of the error raised when a token is expected and absent.
 int MensajeDeEsperado(int codigo) {
   switch (codigo) {
-  case SintaxExp::kFL: return 4;
-  case SintaxExp::kFA: return 3;
-  case SintaxExp::kAbre: return 6;
-  case SintaxExp::kCierra: return 7;
-  case SintaxExp::kIgual: return 5;
-  default: return 0;
+  case SintaxExp::kFL:
+    return 4;
+  case SintaxExp::kFA:
+    return 3;
+  case SintaxExp::kAbre:
+    return 6;
+  case SintaxExp::kCierra:
+    return 7;
+  case SintaxExp::kIgual:
+    return 5;
+  default:
+    return 0;
   }
 }
 
@@ -76,6 +82,7 @@ bool SintaxExp::SintaxDes(const std::string& texto) { return Comprueba(texto, Fo
 bool SintaxExp::Comprueba(const std::string& texto, Forma forma) {
   errNumber_ = 0;
   expr_.clear();
+  anidamiento_ = 0;
   try {
     lex_.Buffer(texto);
     Avanza();
@@ -107,7 +114,8 @@ void SintaxExp::Espera(int codigo) {
 
 /// fin ::= { fin-de-linea } fin-de-archivo
 void SintaxExp::FinDeTexto() {
-  while (token_ == kFL) Avanza();
+  while (token_ == kFL)
+    Avanza();
   Espera(kFA);
 }
 
@@ -171,6 +179,10 @@ void SintaxExp::Potencia() {
 /// factor ::= "(" expresion ")" | constante | numero | funcion "(" expresion ")"
 ///          | identificador
 void SintaxExp::Factor() {
+  const bool esFuncion = token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion;
+  const bool anida = esFuncion || token_ == kAbre;
+  if (anida && ++anidamiento_ > kMaxAnidamiento)
+    throw ErrorMotor{kErrAnidamiento, kDescAnidamiento};
   if (token_ == kAbre) {
     Añade();
     Avanza();
@@ -184,7 +196,7 @@ void SintaxExp::Factor() {
     ConvierteLiteral(lex_.Lex()); // only to refuse a literal out of range
     Añade();
     Avanza();
-  } else if (token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion) {
+  } else if (esFuncion) {
     Añade();
     Avanza();
     Añade();
@@ -195,6 +207,7 @@ void SintaxExp::Factor() {
   } else {
     Error(kMsgExpresion);
   }
+  if (anida) --anidamiento_;
 }
 
 void SintaxExp::LlenaError(std::int32_t numero, const std::string& descripcion) {

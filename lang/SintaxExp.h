@@ -30,9 +30,27 @@ public:
 
   // The token codes of the expression language as this checker registers them.
   enum Codigo : int {
-    kId = 1, kNum, kFL, kFA, kMas, kMenos, kPor, kEntre, kPotencia, kAbre, kCierra,
-    kMayorIgual, kMenorIgual, kDistinto, kIgual, kMayor, kMenor,
-    kPrimeraFuncion = 18, kUltimaFuncion = 43, kPi = 44, kE = 45
+    kId = 1,
+    kNum,
+    kFL,
+    kFA,
+    kMas,
+    kMenos,
+    kPor,
+    kEntre,
+    kPotencia,
+    kAbre,
+    kCierra,
+    kMayorIgual,
+    kMenorIgual,
+    kDistinto,
+    kIgual,
+    kMayor,
+    kMenor,
+    kPrimeraFuncion = 18,
+    kUltimaFuncion = 43,
+    kPi = 44,
+    kE = 45
   };
 
 private:
@@ -53,6 +71,7 @@ private:
 
   AnaLex lex_;
   int token_ = 0;
+  int anidamiento_ = 0; // open parentheses and function calls
   std::int32_t errNumber_ = 0;
   int errLin_ = 0, errCol_ = 0, errLen_ = 0;
   std::string errDesc_, expr_;

@@ -8,10 +8,9 @@
 
 // The functions of one argument, in their fixed order.
 inline constexpr std::array<std::string_view, 26> kFunciones = {
-    "Log",    "Ln",      "Sin",      "Cos",    "Tg",     "Sec",     "Cosec",
-    "Ctg",    "ArcSin",  "ArcCos",   "ArcTg",  "ArcSec", "ArcCosec", "ArcCtg",
-    "SinH",   "CosH",    "TgH",      "SecH",   "CosecH", "CtgH",    "ArcSinH",
-    "ArcCosH", "ArcTgH", "ArcSecH", "ArcCosecH", "ArcCtgH"};
+    "Log",    "Ln",    "Sin",     "Cos",      "Tg",     "Sec",     "Cosec",     "Ctg",    "ArcSin",
+    "ArcCos", "ArcTg", "ArcSec",  "ArcCosec", "ArcCtg", "SinH",    "CosH",      "TgH",    "SecH",
+    "CosecH", "CtgH",  "ArcSinH", "ArcCosH",  "ArcTgH", "ArcSecH", "ArcCosecH", "ArcCtgH"};
 
 // The constants: pi and Euler's number.
 inline constexpr std::array<std::string_view, 2> kConstantes = {"Pi", "e"};

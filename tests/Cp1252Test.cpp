@@ -1,0 +1,117 @@
+// The lexer and the document hold Windows-1252 bytes; everything else holds
+// UTF-8. These cases pin the characters the language relies on and the
+// promise that no byte is lost on the way back and forth.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "lang/Cp1252.h"
+
+namespace {
+
+std::string Byte(int b) { return std::string(1, static_cast<char>(b)); }
+const std::string kAjeno = Byte(kByteAjeno);
+
+TEST(Cp1252, AsciiPassesUnchanged) {
+  std::string ascii;
+  for (int b = 0; b < 0x80; ++b)
+    ascii += Byte(b);
+  EXPECT_EQ(Utf8ACp1252(ascii), ascii);
+  EXPECT_EQ(Cp1252AUtf8(ascii), ascii);
+}
+
+TEST(Cp1252, CharactersOfTheCodePageBothWays) {
+  const struct {
+    const char* utf8;
+    int byte;
+  } casos[] = {
+      {"á", 0xE1},
+      {"é", 0xE9},
+      {"í", 0xED},
+      {"ó", 0xF3},
+      {"ú", 0xFA},
+      {"ñ", 0xF1},
+      {"Á", 0xC1},
+      {"É", 0xC9},
+      {"Í", 0xCD},
+      {"Ó", 0xD3},
+      {"Ú", 0xDA},
+      {"Ñ", 0xD1},
+      {"ü", 0xFC},
+      {"Ü", 0xDC},
+      {"·", 0xB7},
+      {"¿", 0xBF},
+      {"ÿ", 0xFF},
+      {"\u00A0", 0xA0},
+      // 0x80-0x9F is where Windows-1252 parts from Latin-1.
+      {"€", 0x80},
+      {"‚", 0x82},
+      {"ƒ", 0x83},
+      {"…", 0x85},
+      {"Š", 0x8A},
+      {"Œ", 0x8C},
+      {"Ž", 0x8E},
+      {"‘", 0x91},
+      {"“", 0x93},
+      {"”", 0x94},
+      {"—", 0x97},
+      {"™", 0x99},
+      {"š", 0x9A},
+      {"ž", 0x9E},
+      {"Ÿ", 0x9F},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.utf8);
+    EXPECT_EQ(Utf8ACp1252(c.utf8), Byte(c.byte));
+    EXPECT_EQ(Cp1252AUtf8(Byte(c.byte)), c.utf8);
+  }
+  EXPECT_EQ(Utf8ACp1252("año·€"), "a\xF1o\xB7\x80");
+}
+
+TEST(Cp1252, ForeignCharactersAndBrokenUtf8BecomeTheForeignByte) {
+  const struct {
+    std::string utf8, bytes;
+  } casos[] = {
+      {"→", kAjeno},
+      {"中", kAjeno},
+      {"😀", kAjeno},
+      {"\u0085", kAjeno}, // a C1 control that Windows-1252 replaces by "…"
+      {"x→y", "x" + kAjeno + "y"},
+      {"\xC3", kAjeno},                                        // lead byte cut off at the end
+      {"\xC3(", kAjeno + "("},                                 // lead byte without continuation
+      {"\x80", kAjeno},                                        // stray continuation byte
+      {"\xFF", kAjeno},                                        // never valid in UTF-8
+      {"\xE2\x82", kAjeno + kAjeno},                           // truncated three-byte sequence
+      {"\xC0\xAF", kAjeno + kAjeno},                           // overlong "/"
+      {"\xED\xA0\x80", kAjeno + kAjeno + kAjeno},              // surrogate
+      {"\xF4\x90\x80\x80", kAjeno + kAjeno + kAjeno + kAjeno}, // past U+10FFFF
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(testing::PrintToString(c.utf8));
+    EXPECT_EQ(Utf8ACp1252(c.utf8), c.bytes);
+    EXPECT_EQ(LongitudUtf8(c.utf8), static_cast<int>(c.bytes.size()));
+  }
+}
+
+TEST(Cp1252, EveryByteSurvivesTheRoundTrip) {
+  std::string todos;
+  for (int b = 0; b < 256; ++b) {
+    SCOPED_TRACE(b);
+    EXPECT_EQ(Utf8ACp1252(Cp1252AUtf8(Byte(b))), Byte(b));
+    todos += Byte(b);
+  }
+  const std::string utf8 = Cp1252AUtf8(todos);
+  EXPECT_EQ(Utf8ACp1252(utf8), todos);
+  EXPECT_EQ(LongitudUtf8(utf8), 256);
+}
+
+TEST(Cp1252, LengthCountsCharactersNotBytes) {
+  EXPECT_EQ(LongitudUtf8(""), 0);
+  EXPECT_EQ(LongitudUtf8("abc"), 3);
+  EXPECT_EQ(LongitudUtf8("añob"), 4);
+  EXPECT_EQ(LongitudUtf8("€→中😀"), 4);
+  EXPECT_EQ(LongitudUtf8("x·y\r\n"), 5);
+}
+
+} // namespace
