@@ -247,13 +247,17 @@ TEST_F(AnaLexTest, StateStackHoldsSixteen) {
 }
 
 TEST_F(AnaLexTest, RestoreUndoesOneTokenButNotAntInd) {
-  lex.Buffer("\"s\"\r\nx + 1");
-  lex.SgtToken(), lex.SgtToken(), lex.SgtToken(), lex.SgtToken(), lex.SgtToken();
+  lex.Buffer("\"s\" \"t\"\r\nx + 1");
+  for (int i = 0; i < 6; ++i)
+    lex.SgtToken();
   EXPECT_EQ(lex.AntInd(), kMas);
   lex.Restaura();
   EXPECT_EQ(lex.UltInd(), kMas);
   EXPECT_EQ(lex.Lex(), "+");
   lex.Restaura(), lex.Restaura(), lex.Restaura();
+  EXPECT_EQ(lex.Lex(), "\"t\"");
+  EXPECT_EQ(lex.LexCad(), "t");
+  lex.Restaura();
   EXPECT_EQ(lex.Lex(), "\"s\"");
   EXPECT_EQ(lex.LexCad(), "s");
   EXPECT_EQ(lex.IndCls(), kCad);

@@ -1,0 +1,323 @@
+// The combining operations: each receives operand texts that are already
+// simplified and returns the simplified text of the combination, so that a
+// whole parse is simplified bottom-up in one pass.
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+#include "algebra/CalcSimbolic.h"
+#include "algebra/Parentesis.h"
+#include "algebra/Piezas.h"
+#include "algebra/TextoNumero.h"
+#include "lang/ConvierteNumero.h"
+#include "lang/Cp1252.h"
+#include "lang/Errores.h"
+
+namespace {
+
+// The sign cleanup of a finished sum.
+std::string Limpia(std::string suma) {
+  if (suma.empty() || suma == "-0") return "0";
+  return suma;
+}
+
+double Finito(double valor) {
+  if (!std::isfinite(valor)) throw ErrorMotor{kErrDesbordamiento, kDescDesbordamiento};
+  return valor;
+}
+
+bool MismaClave(std::string_view a, std::string_view b) { return a == b; }
+
+bool IgualSinMayusculas(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && EnMayusculas(a) == EnMayusculas(b);
+}
+
+} // namespace
+
+// ---------------------------------------------------------------------------
+// Comparison
+
+namespace {
+
+// Literal parts compared as multisets of (base, exponent).
+template <class Factores> bool MismoLiteral(const Factores& a, const Factores& b) {
+  if (a.size() != b.size()) return false;
+  std::vector<bool> usado(b.size(), false);
+  for (const auto& f : a) {
+    bool hallado = false;
+    for (std::size_t j = 0; j < b.size() && !hallado; ++j) {
+      if (!usado[j] && MismaClave(f.clave, b[j].clave) && MismaClave(f.claveExp, b[j].claveExp))
+        usado[j] = hallado = true;
+    }
+    if (!hallado) return false;
+  }
+  return true;
+}
+
+// One key for every ordering of the same factors, so that like terms are
+// found by hashing rather than by comparing each term with all the others.
+template <class Factores> std::string ClaveLiteral(const Factores& lit) {
+  std::vector<std::string> partes;
+  partes.reserve(lit.size());
+  for (const auto& f : lit)
+    partes.push_back(f.clave + '\x01' + f.claveExp);
+  std::sort(partes.begin(), partes.end());
+  std::string clave;
+  for (const std::string& p : partes)
+    clave += p + '\x02';
+  return clave;
+}
+
+} // namespace
+
+bool CalcSimbolic::EsIgual(std::string_view a, std::string_view b) {
+  if (IgualSinMayusculas(a, b)) return true;
+  const Escaneo ea = Escanea(a), eb = Escanea(b);
+  std::string_view na, da, nb, db;
+  const bool fa = Fraccion(ea, na, da), fb = Fraccion(eb, nb, db);
+  if (fa != fb) return false;
+  if (fa) return EsIgual(na, nb) && EsIgual(da, db);
+  const auto ta = Terminos(ea), tb = Terminos(eb);
+  if (ta.size() != tb.size()) return false;
+  std::vector<bool> usado(tb.size(), false);
+  for (const Termino& t : ta) {
+    bool hallado = false;
+    for (std::size_t j = 0; j < tb.size() && !hallado; ++j)
+      if (!usado[j] && t.coef == tb[j].coef && MismoLiteral(t.lit, tb[j].lit))
+        usado[j] = hallado = true;
+    if (!hallado) return false;
+  }
+  return true;
+}
+
+// ---------------------------------------------------------------------------
+// Sums
+
+// Merges like terms (equal literal parts) by adding their coefficients; a
+// term whose coefficient becomes 0 is dropped, and an untouched term keeps
+// its text.
+std::string CalcSimbolic::SumaDeTerminos(std::string_view texto) {
+  const Escaneo e = Escanea(texto);
+  struct Acumulado {
+    const Termino* termino;
+    double coef, mayor; // the sum, and the largest addend (to tell rounding noise from zero)
+    bool cambiado;
+  };
+  const std::vector<Termino> terminos = Terminos(e);
+  std::vector<Acumulado> suma;
+  std::unordered_map<std::string, std::size_t> porLiteral; // literal key -> place in suma
+  for (const Termino& t : terminos) {
+    const auto [sitio, nuevo] = porLiteral.try_emplace(ClaveLiteral(t.lit), suma.size());
+    if (nuevo) {
+      suma.push_back({&t, t.coef, std::fabs(t.coef), false});
+      continue;
+    }
+    Acumulado& igual = suma[sitio->second];
+    igual.coef = Finito(igual.coef + t.coef);
+    igual.mayor = std::max(igual.mayor, std::fabs(t.coef));
+    igual.cambiado = true;
+  }
+  std::string out;
+  for (const Acumulado& a : suma) {
+    // Coefficients that cancel up to the last bits of a double are zero.
+    if (a.coef == 0 || std::fabs(a.coef) <= a.mayor * 1e-14) continue;
+    if (!a.cambiado) {
+      Une(out, a.termino->negativo ? "-" + std::string(a.termino->cuerpo)
+                                   : std::string(a.termino->cuerpo));
+      continue;
+    }
+    std::string factores;
+    for (const Factor& f : a.termino->lit) {
+      if (!factores.empty()) factores += '*';
+      factores += f.texto;
+    }
+    Une(out, EscribeTermino(a.coef, factores));
+  }
+  return Limpia(std::move(out));
+}
+
+// Brings both operands over one common denominator, so that a sum never
+// leaves two fractions side by side.
+std::string CalcSimbolic::SumaFracciones(std::string_view l, std::string_view r, bool resta) {
+  const Escaneo el = Escanea(l), er = Escanea(r);
+  std::string_view nl = l, dl, nr = r, dr;
+  const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
+  auto suma = [&](std::string_view a, std::string_view b) {
+    std::string texto(a);
+    Une(texto, resta ? NegExp(b) : std::string(b));
+    return SumaDeTerminos(texto.empty() ? "0" : texto);
+  };
+  if (fl && fr) {
+    if (EsIgual(dl, dr)) return DivExp(suma(nl, nr), dl);
+    return DivExp(suma(MultExp(nl, dr), MultExp(nr, dl)), MultExp(dl, dr));
+  }
+  if (fl) return DivExp(suma(nl, MultExp(r, dl)), dl);
+  if (fr) return DivExp(suma(MultExp(l, dr), nr), dr);
+  return suma(l, r);
+}
+
+std::string CalcSimbolic::SumaExp(std::string_view l, std::string_view r) {
+  return SumaFracciones(l, r, false);
+}
+
+std::string CalcSimbolic::RestaExp(std::string_view l, std::string_view r) {
+  return SumaFracciones(l, r, true);
+}
+
+// Every term changes sign: the negation of x-y is -x+y.
+std::string CalcSimbolic::NegExp(std::string_view t) {
+  const Escaneo e = Escanea(t);
+  std::string out;
+  for (const Termino& termino : Terminos(e)) {
+    std::string pieza = termino.negativo ? "" : "-";
+    pieza += termino.cuerpo;
+    Une(out, pieza);
+  }
+  return Limpia(std::move(out));
+}
+
+// ---------------------------------------------------------------------------
+// Products
+
+// Coefficients multiply; factors with equal bases merge into one whose
+// exponent is the sum of theirs.
+std::string CalcSimbolic::ProductoDeTerminos(const Termino& a, const Termino& b) {
+  struct Mezcla {
+    const Factor* factor;
+    std::string exp; // the merged exponent, when merged
+  };
+  std::vector<Mezcla> factores;
+  for (const Factor& f : a.lit)
+    factores.push_back({&f, {}});
+  for (const Factor& f : b.lit) {
+    Mezcla* igual = nullptr;
+    for (Mezcla& m : factores)
+      if (MismaClave(m.factor->clave, f.clave)) {
+        igual = &m;
+        break;
+      }
+    if (!igual) {
+      factores.push_back({&f, {}});
+      continue;
+    }
+    const std::string_view expA = igual->exp.empty()
+                                      ? (igual->factor->exp.empty() ? "1" : igual->factor->exp)
+                                      : std::string_view(igual->exp);
+    igual->exp = SumaExp(SinParentesis(expA), f.exp.empty() ? "1" : SinParentesis(f.exp));
+  }
+  std::string texto;
+  for (const Mezcla& m : factores) {
+    std::string pieza;
+    if (m.exp.empty())
+      pieza = m.factor->texto;
+    else if (m.exp == "0")
+      continue;
+    else if (m.exp == "1")
+      pieza = m.factor->base;
+    else
+      pieza = PotExp(m.factor->base, m.exp);
+    if (!texto.empty()) texto += '*';
+    texto += pieza;
+  }
+  return EscribeTermino(Finito(a.coef * b.coef), texto);
+}
+
+// Products of sums are expanded: every term of one by every term of the other.
+std::string CalcSimbolic::ProductoExpandido(std::string_view l, std::string_view r) {
+  const Escaneo el = Escanea(l), er = Escanea(r);
+  const auto tl = Terminos(el), tr = Terminos(er);
+  std::string suma;
+  for (const Termino& a : tl)
+    for (const Termino& b : tr)
+      Une(suma, ProductoDeTerminos(a, b));
+  return SumaDeTerminos(suma.empty() ? "0" : suma);
+}
+
+std::string CalcSimbolic::MultExp(std::string_view l, std::string_view r) {
+  const Escaneo el = Escanea(l), er = Escanea(r);
+  std::string_view nl = l, dl, nr = r, dr;
+  const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
+  const std::string num = ProductoExpandido(nl, nr);
+  if (fl && fr) return DivExp(num, ProductoExpandido(dl, dr));
+  if (fl) return DivExp(num, dl);
+  if (fr) return DivExp(num, dr);
+  return num;
+}
+
+// ---------------------------------------------------------------------------
+// Quotients
+
+std::string CalcSimbolic::DivExp(std::string_view l, std::string_view r) {
+  // The operands' own fractions first: (a/b)/(c/d) is (a*d)/(b*c).
+  const Escaneo el = Escanea(l), er = Escanea(r);
+  std::string_view nl = l, dl, nr = r, dr;
+  const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
+  if (!fl && !fr) return Cociente(l, r);
+  const std::string num = fr ? MultExp(nl, dr) : std::string(nl);
+  const std::string den = fl ? MultExp(dl, nr) : std::string(nr);
+  return Cociente(num, den);
+}
+
+// The quotient's rules for one numerator and one denominator, first match wins.
+std::string CalcSimbolic::Cociente(std::string_view num, std::string_view den) {
+  if (den == "1") return std::string(num);
+  if (den == "-1") return NegExp(num);
+  if (den == "0") throw ErrorMotor{NumeroError(6), ""};
+  if (num == "0") return "0";
+  if (calcExpNum_ && EsNumero(den)) {
+    const double d = LeeNumero(den);
+    if (EsNumero(num)) return TextoNumero(Finito(LeeNumero(num) / d));
+    return MultExp(num, TextoNumero(Finito(1 / d)));
+  }
+  if (EsIgual(num, den)) return "1";
+  if (EsIgual(num, NegExp(den))) return "-1";
+  const Escaneo en = Escanea(num), ed = Escanea(den);
+  std::string out;
+  const bool numSuma = TieneBinario(en, Op(kMas) | Op(kMenos));
+  const bool denCompuesto = BuscaOp(ed, Op(kMas) | Op(kPor) | Op(kEntre) | Op(kPotencia)) >= 0 ||
+                            TieneBinario(ed, Op(kMenos));
+  out += numSuma ? "(" + std::string(num) + ")" : std::string(num);
+  out += '/';
+  out += denCompuesto ? "(" + std::string(den) + ")" : std::string(den);
+  return out;
+}
+
+// ---------------------------------------------------------------------------
+// Powers
+
+std::string CalcSimbolic::PotExp(std::string_view l, std::string_view r) {
+  if (r == "0") return "1";
+  if (r == "1") return std::string(l);
+  if (l == "0") return "0";
+  if (l == "1") return "1";
+  if (EsNumero(l) && EsNumero(r)) // computed whether or not CalcExpNum is on
+    return TextoNumero(Finito(std::pow(LeeNumero(l), LeeNumero(r))));
+
+  // a. The base and its own exponent. A sum, a product or a quotient is a
+  //    base as a whole: in x^2/y the "^" belongs to the numerator only.
+  const Escaneo el = Escanea(l);
+  const int n = static_cast<int>(el.toks.size());
+  int finBase = n;
+  std::string_view e = "1";
+  if (BuscaOp(el, Op(kMas) | Op(kMenos) | Op(kPor) | Op(kEntre)) < 0) {
+    const int sombrero = BuscaOp(el, Op(kPotencia));
+    if (sombrero >= 0) {
+      finBase = sombrero;
+      e = SinParentesis(el.Trozo(sombrero + 1, n));
+    }
+  }
+  // b. (b^e)^r is b^(e*r).
+  const std::string exp = e == "1" ? std::string(r) : MultExp(e, r);
+  // c. Parentheses where precedence needs them; a bare leading "-" in the
+  //    exponent needs none (x^-2).
+  std::string base(el.Trozo(0, finBase));
+  const unsigned compuesto = Op(kMas) | Op(kPor) | Op(kEntre) | Op(kPotencia);
+  if (BuscaOp(el, compuesto | Op(kMenos), 0, finBase) >= 0) base = "(" + base + ")";
+  // d.
+  if (exp == "0") return "1";
+  if (exp == "1") return base;
+  const Escaneo ee = Escanea(exp);
+  const bool expCompuesto = BuscaOp(ee, compuesto) >= 0 || TieneBinario(ee, Op(kMenos));
+  return base + "^" + (expCompuesto ? "(" + exp + ")" : exp);
+}

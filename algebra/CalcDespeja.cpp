@@ -1,0 +1,69 @@
+// Solving a*x^n + b = 0 for x: the only equations the calculator solves.
+
+#include "algebra/CalcSimbolic.h"
+#include "algebra/Parentesis.h"
+#include "algebra/Piezas.h"
+#include "algebra/TextoNumero.h"
+#include "lang/Cp1252.h"
+#include "lang/Errores.h"
+
+std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& var) {
+  errNumber_ = 0;
+  try {
+    const std::string simple = SimplExp(Utf8ACp1252(exp));
+    // A quotient is zero where its numerator is: the denominator is dropped.
+    std::string_view numerador = simple;
+    const Escaneo e = Escanea(simple);
+    std::string_view num, den;
+    if (Fraccion(e, num, den)) numerador = num;
+    std::string a, b, n;
+    if (!DescomponAxNb(numerador, Utf8ACp1252(var), a, b, n)) throw ErrorMotor{NumeroError(7), ""};
+    return Cp1252AUtf8(SimplExp("(-(" + b + ")/(" + a + "))^(1/" + n + ")"));
+  } catch (const ErrorMotor& e) {
+    AtrapaError(e.numero, e.descripcion);
+    return "";
+  }
+}
+
+// exp = A*var^N + B: A sums the coefficients of the terms that hold var, B
+// the terms that do not, and every term holding var has the same exponent N.
+bool CalcSimbolic::DescomponAxNb(std::string_view exp, std::string_view var, std::string& a,
+                                 std::string& b, std::string& n) {
+  const std::string nombre = EnMayusculas(var);
+  const Escaneo e = Escanea(exp);
+  // Whether a text holds var as a whole identifier.
+  auto contieneVar = [&](std::string_view texto) {
+    const Escaneo t = Escanea(texto);
+    for (int i = 0; i < static_cast<int>(t.toks.size()); ++i)
+      if (t.toks[i].tipo == kId && EnMayusculas(t.Trozo(i, i + 1)) == nombre) return true;
+    return false;
+  };
+  a.clear(), b.clear(), n.clear();
+  for (const Termino& t : Terminos(e)) {
+    const Factor* variable = nullptr;
+    std::string resto;
+    for (const Factor& f : t.lit) {
+      if (f.clave == nombre && (f.exp.empty() || !contieneVar(f.exp))) {
+        if (variable) return false; // var twice in one term
+        variable = &f;
+        continue;
+      }
+      if (contieneVar(f.texto)) return false; // var in a position that is no power of it
+      if (!resto.empty()) resto += '*';
+      resto += f.texto;
+    }
+    if (!variable) {
+      Une(b, t.negativo ? "-" + std::string(t.cuerpo) : std::string(t.cuerpo));
+      continue;
+    }
+    // The coefficient: the other factors with the term's numeric part and sign.
+    Une(a, EscribeTermino(t.coef, resto));
+    const std::string exponente = variable->exp.empty() ? "1" : std::string(variable->exp);
+    if (n.empty())
+      n = exponente;
+    else if (EnMayusculas(SinParentesis(n)) != EnMayusculas(SinParentesis(exponente)))
+      return false;
+  }
+  if (b.empty()) b = "0";
+  return !a.empty();
+}

@@ -1,0 +1,48 @@
+#include "algebra/TextoNumero.h"
+
+#include <charconv>
+#include <cstdlib>
+
+std::string TextoNumero(double valor) {
+  if (valor == 0) return "0";
+  // d.dddddddddddddde±x: the 15 significant digits, correctly rounded.
+  char buf[40];
+  const auto r = std::to_chars(buf, buf + sizeof buf, valor, std::chars_format::scientific, 14);
+  const std::string_view s(buf, static_cast<std::size_t>(r.ptr - buf));
+  const bool negativo = s[0] == '-';
+  const std::size_t inicio = negativo ? 1 : 0;
+  const std::size_t posE = s.find('e');
+  std::string digitos;
+  for (std::size_t i = inicio; i < posE; ++i)
+    if (s[i] != '.') digitos += s[i];
+  while (digitos.size() > 1 && digitos.back() == '0')
+    digitos.pop_back();
+  const int exponente = std::atoi(std::string(s.substr(posE + 1)).c_str());
+
+  std::string out = negativo ? "-" : "";
+  if (exponente >= kExpPlanoMin && exponente <= kExpPlanoMax) {
+    if (exponente < 0) {
+      out += '.';
+      out.append(static_cast<std::size_t>(-exponente - 1), '0');
+      out += digitos;
+    } else {
+      const auto enteros = static_cast<std::size_t>(exponente) + 1;
+      if (digitos.size() <= enteros) {
+        out += digitos;
+        out.append(enteros - digitos.size(), '0');
+      } else {
+        out += digitos.substr(0, enteros);
+        out += '.';
+        out += digitos.substr(enteros);
+      }
+    }
+  } else {
+    out += digitos[0];
+    if (digitos.size() > 1) out += "." + digitos.substr(1);
+    out += exponente < 0 ? "E-" : "E+";
+    const int absoluto = std::abs(exponente);
+    if (absoluto < 10) out += '0';
+    out += std::to_string(absoluto);
+  }
+  return out;
+}
