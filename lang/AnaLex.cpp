@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "lang/Aviso.h"
+#include "lang/Caracteres.h"
 #include "lang/Cp1252.h"
 
 namespace {
@@ -10,33 +11,7 @@ namespace {
 constexpr unsigned char kCR = 13, kLF = 10;
 constexpr unsigned char kComentario = '\'', kDelimitador = '"', kContinuacion = '_';
 
-bool EsDigito(unsigned char b) { return b >= '0' && b <= '9'; }
 bool EsBlanco(unsigned char b) { return b == ' ' || b == '\t'; }
-
-// Letters that may start an identifier: the ASCII ones and the twelve
-// accented letters of Spanish (deliberately not ü nor à).
-bool EsInicioId(unsigned char b) {
-  if ((b >= 'A' && b <= 'Z') || (b >= 'a' && b <= 'z')) return true;
-  switch (b) {
-  case 193:
-  case 201:
-  case 205:
-  case 211:
-  case 218:
-  case 209: // Á É Í Ó Ú Ñ
-  case 225:
-  case 233:
-  case 237:
-  case 243:
-  case 250:
-  case 241: // á é í ó ú ñ
-    return true;
-  default:
-    return false;
-  }
-}
-
-bool EsCarId(unsigned char b) { return EsInicioId(b) || EsDigito(b); }
 
 bool EsCarOpr(unsigned char b) {
   if (b == kComentario || b == kDelimitador || b == kContinuacion) return false;
@@ -60,7 +35,7 @@ void AnaLex::Buffer(const std::string& texto) { BufferBytes(Utf8ACp1252(texto));
 void AnaLex::BufferBytes(std::string bytes) {
   buf_ = std::move(bytes);
   ptr_ = lin_ = col_ = 0;
-  pila_.clear();
+  estados_ = 0;
 }
 
 std::string AnaLex::Lex() const { return Cp1252AUtf8(lex_); }
@@ -121,20 +96,25 @@ void AnaLex::AñadeOpr(int codigo, const std::string& texto) {
 
 void AnaLex::GuardaEstado() {
   // Full stack: the oldest state gives way so that the newest always fits.
-  if (pila_.size() == kMaxEstados) pila_.erase(pila_.begin());
-  pila_.push_back(Estado{ptr_, lin_, col_, ultInd_, indCls_, lex_, lexCad_});
+  Estado& e = pila_[static_cast<std::size_t>(cima_)];
+  e.ptr = ptr_, e.lin = lin_, e.col = col_, e.ultInd = ultInd_, e.indCls = indCls_;
+  e.lex = lex_;
+  e.lexCad = lexCad_;
+  cima_ = (cima_ + 1) % kMaxEstados;
+  if (estados_ < kMaxEstados) ++estados_;
 }
 
 void AnaLex::Restaura() {
-  if (pila_.empty()) {
+  if (estados_ == 0) {
     Avisa(".AnaLex", "No hay estados en la pila del analizador léxico.");
     return;
   }
-  Estado& e = pila_.back();
+  cima_ = (cima_ + kMaxEstados - 1) % kMaxEstados;
+  --estados_;
+  Estado& e = pila_[static_cast<std::size_t>(cima_)];
   ptr_ = e.ptr, lin_ = e.lin, col_ = e.col, ultInd_ = e.ultInd, indCls_ = e.indCls;
-  lex_ = std::move(e.lex);
-  lexCad_ = std::move(e.lexCad);
-  pila_.pop_back();
+  lex_.swap(e.lex);
+  lexCad_.swap(e.lexCad);
 }
 
 // " _" followed by an end of line joins two lines.

@@ -9,6 +9,7 @@
 // keyword, a duplicate operator, a bad separator, a restore on an empty
 // stack) are reported through Avisa and the call is ignored.
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -108,5 +109,9 @@ private:
   int indCls_ = 0, ultInd_ = 0, antInd_ = 0;
   std::vector<Entrada> palabras_;   // sorted by text, lower case
   std::vector<Entrada> operadores_; // sorted by text
-  std::vector<Estado> pila_;        // oldest first, at most kMaxEstados
+  // The state stack as a ring: pushing onto a full stack overwrites the
+  // oldest state instead of moving the others down.
+  std::array<Estado, kMaxEstados> pila_;
+  int cima_ = 0;    // where the next state goes
+  int estados_ = 0; // how many states the stack holds
 };

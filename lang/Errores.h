@@ -5,6 +5,7 @@
 // Every public member of an engine catches ErrorMotor in its trap and fills
 // its error record: nothing escapes to the caller.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -31,10 +32,17 @@ inline constexpr std::int32_t kErrDivisionCero = 11;
 // before the recursive readers could run out of stack.
 inline constexpr std::int32_t kErrAnidamiento = 28;
 inline constexpr int kMaxAnidamiento = 200;
+// A text of the algebra larger than kMaxTexto bytes: sums brought over one
+// denominator without cancelling can grow without bound on nested quotients.
+// Typical derivatives stay under 1 KB; the largest benchmarked results reach
+// about 100 KB in well under a second.
+inline constexpr std::int32_t kErrTextoExcesivo = 7;
+inline constexpr std::size_t kMaxTexto = 256 * 1024;
 inline constexpr const char* kDescArgumento = "Argumento fuera del dominio";
 inline constexpr const char* kDescDesbordamiento = "Desbordamiento";
 inline constexpr const char* kDescDivisionCero = "División por cero";
 inline constexpr const char* kDescAnidamiento = "Expresión anidada en exceso";
+inline constexpr const char* kDescTextoExcesivo = "Expresión demasiado grande";
 
 struct ErrorMotor {
   std::int32_t numero;

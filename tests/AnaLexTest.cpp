@@ -18,6 +18,12 @@ namespace {
 enum : int { kCom = 1, kCad, kNum, kId, kPC, kOpr, kFL, kFA, kDesc };
 enum : int { kSin = 20, kE, kPi, kAño };
 enum : int { kMas = 30, kMenos, kPor, kMayor, kIgual, kMenor, kMayorIgual, kMenorIgual, kDistinto };
+// Longer operators come both before and after their prefixes: the longest
+// match must not depend on the order of registration.
+const std::pair<int, const char*> kOperadores[] = {
+    {kMas, "+"},   {kMenos, "-"},       {kPor, "*"},         {kPor, "·"},
+    {kMayor, ">"}, {kMayorIgual, ">="}, {kMayorIgual, "=>"}, {kIgual, "="},
+    {kMenor, "<"}, {kMenorIgual, "<="}, {kDistinto, "<>"}};
 
 struct Tok {
   int codigo;
@@ -25,7 +31,7 @@ struct Tok {
   bool operator==(const Tok&) const = default;
 };
 void PrintTo(const Tok& t, std::ostream* os) {
-  *os << "{" << t.codigo << ", " << testing::PrintToString(t.lex) << "}";
+  *os << t.codigo << ":" << testing::PrintToString(t.lex);
 }
 
 const std::string kAvisoPila = ".AnaLex|No hay estados en la pila del analizador léxico.";
@@ -38,33 +44,22 @@ protected:
     });
     lex.IndCom(kCom), lex.IndCad(kCad), lex.IndNum(kNum), lex.IndId(kId), lex.IndPC(kPC);
     lex.IndOpr(kOpr), lex.IndFL(kFL), lex.IndFA(kFA), lex.IndDesc(kDesc);
-    lex.AñadePC(kSin, "Sin");
-    lex.AñadePC(kE, "e");
-    lex.AñadePC(kPi, "PI");
-    // Longer operators go in both before and after their prefixes: the
-    // longest match must not depend on the order of registration.
-    for (auto [codigo, texto] : std::vector<std::pair<int, std::string>>{{kMas, "+"},
-                                                                         {kMenos, "-"},
-                                                                         {kPor, "*"},
-                                                                         {kPor, "·"},
-                                                                         {kMayorIgual, ">="},
-                                                                         {kMayor, ">"},
-                                                                         {kIgual, "="},
-                                                                         {kMenor, "<"},
-                                                                         {kMayorIgual, "=>"},
-                                                                         {kMenorIgual, "<="},
-                                                                         {kDistinto, "<>"}})
+    lex.AñadePC(kSin, "Sin"), lex.AñadePC(kE, "e"), lex.AñadePC(kPi, "PI");
+    for (auto [codigo, texto] : kOperadores)
       lex.AñadeOpr(codigo, texto);
-    ASSERT_EQ(avisos, std::vector<std::string>{});
+    ASSERT_TRUE(avisos.empty());
   }
   void TearDown() override { FijaManejadorAviso(nullptr); }
 
-  // The tokens of the text up to, not including, the end of file.
+  // Reads the whole text: the tokens before the end of file, and in `pos` the
+  // line and column after every token, the end of file included.
   std::vector<Tok> Tokens(const std::string& texto) {
     lex.Buffer(texto);
     std::vector<Tok> leidos;
+    pos.clear();
     for (std::size_t i = 0; i <= texto.size(); ++i) {
       const int codigo = lex.SgtToken();
+      pos += std::to_string(lex.Lin()) + ":" + std::to_string(lex.Col()) + " ";
       if (codigo == kFA) {
         EXPECT_EQ(lex.Lex(), "");
         EXPECT_EQ(lex.SgtToken(), kFA) << "reading past the end";
@@ -78,20 +73,22 @@ protected:
   void CheckLex(const std::string& texto, const std::vector<Tok>& esperado) {
     EXPECT_EQ(Tokens(texto), esperado) << "text " << testing::PrintToString(texto);
   }
-  // Line and column after each token, end of file included.
-  std::vector<std::pair<int, int>> Posiciones(const std::string& texto) {
-    lex.Buffer(texto);
-    std::vector<std::pair<int, int>> pos;
-    for (std::size_t i = 0; i <= texto.size(); ++i) {
-      const int codigo = lex.SgtToken();
-      pos.emplace_back(lex.Lin(), lex.Col());
-      if (codigo == kFA) break;
-    }
+  std::string Posiciones(const std::string& texto) {
+    Tokens(texto);
     return pos;
+  }
+  // "PtrBuffer Lin:Col Lex|LexCad UltInd/IndCls AntInd": what a restore
+  // puts back, and AntInd, which it must not.
+  std::string Foto() {
+    return std::to_string(lex.PtrBuffer()) + " " + std::to_string(lex.Lin()) + ":" +
+           std::to_string(lex.Col()) + " " + lex.Lex() + "|" + lex.LexCad() + " " +
+           std::to_string(lex.UltInd()) + "/" + std::to_string(lex.IndCls()) + " " +
+           std::to_string(lex.AntInd());
   }
 
   AnaLex lex;
   std::vector<std::string> avisos;
+  std::string pos;
 };
 
 TEST(AnaLexDefaults, FreshAnalyser) {
@@ -99,18 +96,12 @@ TEST(AnaLexDefaults, FreshAnalyser) {
   EXPECT_FALSE(l.IgnFL());
   EXPECT_TRUE(l.IgnCom());
   EXPECT_EQ(l.PuntoDec(), "46");
-  EXPECT_EQ(l.SgtToken(), 0); // empty buffer, end-of-file code not set by any client
+  EXPECT_EQ(l.SgtToken(), 0); // empty buffer; no client has set the end-of-file code
   EXPECT_EQ(l.Lex(), "");
-  EXPECT_EQ(l.PtrBuffer(), 0);
-}
-
-TEST_F(AnaLexTest, EmptyAndBlankTexts) {
-  CheckLex("", {});
-  CheckLex(" \t  ", {});
-  CheckLex("' solo un comentario", {});
 }
 
 TEST_F(AnaLexTest, Numbers) {
+  CheckLex("", {});
   CheckLex(".5", {{kNum, ".5"}});
   CheckLex("5.", {{kNum, "5"}, {kDesc, "."}});
   CheckLex("2e", {{kNum, "2"}, {kE, "e"}});
@@ -153,24 +144,22 @@ TEST_F(AnaLexTest, StringLiterals) {
   CheckLex("\"a\"\"", {{kDesc, "\""}, {kId, "a"}, {kCad, "\"\""}});
 }
 
-TEST_F(AnaLexTest, Comments) {
+TEST_F(AnaLexTest, CommentsAndEndsOfLine) {
+  CheckLex(" \t ' solo", {});
   CheckLex("x ' note\r\ny", {{kId, "x"}, {kFL, "\r\n"}, {kId, "y"}});
   CheckLex("x 'a\nb", {{kId, "x"}}); // a lone LF does not end a comment
-  lex.IgnCom(false);
-  CheckLex("x ' note\r\ny", {{kId, "x"}, {kCom, "' note"}, {kFL, "\r\n"}, {kId, "y"}});
-  CheckLex("'a\nb  \r''", {{kCom, "'a\nb  "}, {kFL, "\r"}, {kCom, "''"}});
-  lex.IgnFL(true);
-  CheckLex("a 'c\r\nb", {{kId, "a"}, {kCom, "'c"}, {kId, "b"}});
-}
-
-TEST_F(AnaLexTest, EndsOfLine) {
   CheckLex("a\rb\r\nc", {{kId, "a"}, {kFL, "\r"}, {kId, "b"}, {kFL, "\r\n"}, {kId, "c"}});
   CheckLex("a\r\r\n", {{kId, "a"}, {kFL, "\r"}, {kFL, "\r\n"}});
   CheckLex("a\nb\n\r", {{kId, "a"}, {kDesc, "\n"}, {kId, "b"}, {kDesc, "\n"}, {kFL, "\r"}});
   lex.IgnFL(true);
-  CheckLex("a\r\nb\rc 'x\r\n", {{kId, "a"}, {kId, "b"}, {kId, "c"}});
+  CheckLex("a\r\nb\rc 'x\r\nd\nf",
+           {{kId, "a"}, {kId, "b"}, {kId, "c"}, {kId, "d"}, {kDesc, "\n"}, {kId, "f"}});
   EXPECT_EQ(lex.Lin(), 3);
-  CheckLex("a\nb", {{kId, "a"}, {kDesc, "\n"}, {kId, "b"}});
+  lex.IgnCom(false);
+  CheckLex("a 'c\r\nb", {{kId, "a"}, {kCom, "'c"}, {kId, "b"}});
+  lex.IgnFL(false);
+  CheckLex("x ' note\r\ny", {{kId, "x"}, {kCom, "' note"}, {kFL, "\r\n"}, {kId, "y"}});
+  CheckLex("'a\nb  \r''", {{kCom, "'a\nb  "}, {kFL, "\r"}, {kCom, "''"}});
 }
 
 TEST_F(AnaLexTest, LineContinuation) {
@@ -197,17 +186,24 @@ TEST_F(AnaLexTest, LongestOperatorWithBlanksBetweenCharacters) {
            {{kMas, "+"}, {kMenos, "-"}, {kId, "a"}, {kPor, "·"}, {kId, "b"}, {kDesc, "%"}});
 }
 
+TEST_F(AnaLexTest, LinesAndColumnsCountCharacters) {
+  EXPECT_EQ(Posiciones("año +\r\n\tb > = 1"), "0:3 0:5 1:0 1:2 1:6 1:8 1:8 ");
+  EXPECT_EQ(Posiciones("añ+b"), "0:2 0:3 0:4 0:4 ");
+  EXPECT_EQ(lex.PtrBuffer(), 4);
+  EXPECT_EQ(Posiciones("a _\r\n  bc"), "0:1 1:4 1:4 ");
+  EXPECT_EQ(Posiciones("\"é\" 'x\r\n"), "0:3 1:0 1:0 ");
+  lex.IgnCom(false);
+  EXPECT_EQ(Posiciones("x 'ñ\r"), "0:1 0:4 1:0 1:0 ");
+}
+
 TEST_F(AnaLexTest, ClassCodesComeFromTheClient) {
   lex.Buffer("Sin + x");
   EXPECT_EQ(lex.SgtToken(), kSin);
-  EXPECT_EQ(lex.IndCls(), kPC);
-  EXPECT_EQ(lex.UltInd(), kSin);
+  EXPECT_EQ(Foto(), "3 0:3 Sin| 20/5 0");
   EXPECT_EQ(lex.SgtToken(), kMas);
-  EXPECT_EQ(lex.IndCls(), kOpr);
-  EXPECT_EQ(lex.AntInd(), kSin);
+  EXPECT_EQ(Foto(), "5 0:5 +| 30/6 20");
   EXPECT_EQ(lex.SgtToken(), kId);
-  EXPECT_EQ(lex.IndCls(), kId);
-  EXPECT_EQ(lex.AntInd(), kMas);
+  EXPECT_EQ(Foto(), "7 0:7 x| 4/4 30");
   lex.IndId(500), lex.IndNum(501), lex.IndFA(-7);
   lex.Buffer("y 2");
   EXPECT_EQ(lex.SgtToken(), 500);
@@ -216,58 +212,32 @@ TEST_F(AnaLexTest, ClassCodesComeFromTheClient) {
   EXPECT_EQ(lex.IndCls(), -7);
 }
 
-TEST_F(AnaLexTest, LinesAndColumnsCountCharacters) {
-  using P = std::vector<std::pair<int, int>>;
-  // año(0,3) +(0,5) CRLF(1,0) b(1,2) "> ="(1,6) 1(1,8) end(1,8)
-  EXPECT_EQ(Posiciones("año +\r\n\tb > = 1"),
-            (P{{0, 3}, {0, 5}, {1, 0}, {1, 2}, {1, 6}, {1, 8}, {1, 8}}));
-  EXPECT_EQ(Posiciones("añ+b"), (P{{0, 2}, {0, 3}, {0, 4}, {0, 4}}));
-  EXPECT_EQ(lex.PtrBuffer(), 4);
-  EXPECT_EQ(Posiciones("a _\r\n  bc"), (P{{0, 1}, {1, 4}, {1, 4}}));
-  EXPECT_EQ(Posiciones("\"é\" 'x\r\n"), (P{{0, 3}, {1, 0}, {1, 0}}));
-  lex.IgnCom(false);
-  EXPECT_EQ(Posiciones("x 'ñ\r"), (P{{0, 1}, {0, 4}, {1, 0}, {1, 0}}));
-}
-
 TEST_F(AnaLexTest, StateStackHoldsSixteen) {
   lex.Buffer("a b c d e f g h i j k l m n o p q");
   for (int i = 0; i < 17; ++i)
     lex.SgtToken();
-  EXPECT_EQ(lex.Lex(), "q");
   for (int i = 0; i < 16; ++i)
     lex.Restaura();
   EXPECT_TRUE(avisos.empty());
-  // The oldest state, from before "a", was pushed out.
-  EXPECT_EQ(lex.Lex(), "a");
-  EXPECT_EQ(lex.PtrBuffer(), 1);
-  EXPECT_EQ(lex.Col(), 1);
+  EXPECT_EQ(Foto(), "1 0:1 a| 4/4 4"); // the state from before "a" was pushed out
   lex.Restaura();
   EXPECT_EQ(avisos, std::vector<std::string>{kAvisoPila});
-  EXPECT_EQ(lex.PtrBuffer(), 1);
+  EXPECT_EQ(Foto(), "1 0:1 a| 4/4 4");
 }
 
 TEST_F(AnaLexTest, RestoreUndoesOneTokenButNotAntInd) {
   lex.Buffer("\"s\" \"t\"\r\nx + 1");
   for (int i = 0; i < 6; ++i)
     lex.SgtToken();
-  EXPECT_EQ(lex.AntInd(), kMas);
+  EXPECT_EQ(Foto(), "14 1:5 1|t 3/3 30");
   lex.Restaura();
-  EXPECT_EQ(lex.UltInd(), kMas);
-  EXPECT_EQ(lex.Lex(), "+");
+  EXPECT_EQ(Foto(), "12 1:3 +|t 30/6 30");
   lex.Restaura(), lex.Restaura(), lex.Restaura();
-  EXPECT_EQ(lex.Lex(), "\"t\"");
-  EXPECT_EQ(lex.LexCad(), "t");
+  EXPECT_EQ(Foto(), "7 0:7 \"t\"|t 2/2 30");
   lex.Restaura();
-  EXPECT_EQ(lex.Lex(), "\"s\"");
-  EXPECT_EQ(lex.LexCad(), "s");
-  EXPECT_EQ(lex.IndCls(), kCad);
-  EXPECT_EQ(lex.UltInd(), kCad);
-  EXPECT_EQ(lex.Lin(), 0);
-  EXPECT_EQ(lex.Col(), 3);
-  EXPECT_EQ(lex.PtrBuffer(), 3);
-  EXPECT_EQ(lex.AntInd(), kMas);
+  EXPECT_EQ(Foto(), "3 0:3 \"s\"|s 2/2 30");
   lex.Restaura();
-  EXPECT_EQ(lex.PtrBuffer(), 0);
+  EXPECT_EQ(Foto(), "0 0:0 | 0/0 30");
   EXPECT_TRUE(avisos.empty());
 }
 
@@ -279,7 +249,6 @@ TEST_F(AnaLexTest, LookAheadConsumesNothing) {
   EXPECT_FALSE(lex.VieneIndCls(kOpr));
   EXPECT_FALSE(lex.AvanzaToken(kMas));
   EXPECT_EQ(lex.PtrBuffer(), 0);
-  EXPECT_EQ(lex.Lex(), "");
   EXPECT_TRUE(lex.AvanzaToken(kId));
   EXPECT_EQ(lex.Lex(), "x");
   EXPECT_TRUE(lex.VieneIndCls(kOpr));
@@ -297,21 +266,14 @@ TEST_F(AnaLexTest, LookAheadConsumesNothing) {
 TEST_F(AnaLexTest, AssigningBufferStartsAFreshReading) {
   lex.Buffer("a\r\nbc");
   lex.SgtToken(), lex.SgtToken(), lex.SgtToken();
-  ASSERT_EQ(lex.Lin(), 1);
   lex.Buffer("año·€");
   EXPECT_EQ(lex.Buffer(), "año·€");
-  EXPECT_EQ(lex.PtrBuffer(), 0);
-  EXPECT_EQ(lex.Lin(), 0);
-  EXPECT_EQ(lex.Col(), 0);
-  EXPECT_EQ(lex.Lex(), "bc"); // the last token is left as it was
-  EXPECT_EQ(lex.UltInd(), kId);
-  EXPECT_EQ(lex.AntInd(), kFL);
+  EXPECT_EQ(Foto(), "0 0:0 bc| 4/4 7"); // the last token is left as it was
   lex.Restaura();
   EXPECT_EQ(avisos, std::vector<std::string>{kAvisoPila});
 }
 
 TEST_F(AnaLexTest, DecimalSeparator) {
-  EXPECT_EQ(lex.PuntoDec(), "46");
   lex.PuntoDec(",");
   EXPECT_EQ(lex.PuntoDec(), "44");
   for (const char* malo : {";", "", "..", ", ", "46"})
@@ -327,11 +289,10 @@ TEST_F(AnaLexTest, DecimalSeparator) {
 TEST_F(AnaLexTest, KeywordWarnings) {
   const std::string dup = "\" ya existe en la lista de palabras clave.";
   const std::string mal = "\" no posee la sintaxis de los identificadores.";
-  const std::vector<std::pair<std::string, std::string>> casos = {
+  const std::pair<std::string, std::string> casos[] = {
       {"SIN", "sin" + dup}, {"Pi", "pi" + dup}, {"", mal},
       {"2X", "2x" + mal},   {"_x", "_x" + mal}, {"a b", "a b" + mal},
-      {"a+b", "a+b" + mal}, {"ü", "ü" + mal},
-  };
+      {"a+b", "a+b" + mal}, {"ü", "ü" + mal}};
   for (const auto& [palabra, mensaje] : casos) {
     avisos.clear();
     lex.AñadePC(99, palabra);
@@ -348,11 +309,10 @@ TEST_F(AnaLexTest, KeywordWarnings) {
 TEST_F(AnaLexTest, OperatorWarnings) {
   const std::string dup = "\" ya existe en la lista de operadores.";
   const std::string mal = "\" no posee la sintaxis de los operadores.";
-  const std::vector<std::pair<std::string, std::string>> casos = {
+  const std::pair<std::string, std::string> casos[] = {
       {"+", "+" + dup}, {"·", "·" + dup},     {"<>", "<>" + dup}, {"", mal},
       {"a", "a" + mal}, {"+a", "+a" + mal},   {"'", "'" + mal},   {"\"", "\"" + mal},
-      {"_", "_" + mal}, {"+ -", "+ -" + mal}, {"€", "€" + mal},   {"¿", "¿" + mal},
-  };
+      {"_", "_" + mal}, {"+ -", "+ -" + mal}, {"€", "€" + mal},   {"¿", "¿" + mal}};
   for (const auto& [texto, mensaje] : casos) {
     avisos.clear();
     lex.AñadeOpr(99, texto);

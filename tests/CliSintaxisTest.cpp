@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -17,43 +19,31 @@ struct Salida {
   std::string out, err;
 };
 
-Salida Ejecuta(std::vector<std::string> args) {
-  args.insert(args.begin(), MIRKAL_CLI);
-  int tubOut[2], tubErr[2];
-  if (pipe(tubOut) != 0 || pipe(tubErr) != 0) return {};
-  const pid_t pid = fork();
-  if (pid == 0) {
-    dup2(tubOut[1], 1), dup2(tubErr[1], 2);
-    close(tubOut[0]), close(tubOut[1]), close(tubErr[0]), close(tubErr[1]);
-    std::vector<char*> argv;
-    for (auto& a : args)
-      argv.push_back(a.data());
-    argv.push_back(nullptr);
-    execv(argv[0], argv.data());
-    _exit(127);
-  }
-  close(tubOut[1]), close(tubErr[1]);
+std::string Comillas(const std::string& a) {
+  std::string r = "'";
+  for (char c : a)
+    r += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return r + "'";
+}
+
+// Runs the tool through the shell; standard error goes to a file of this
+// process, as tests may run side by side.
+Salida Ejecuta(const std::vector<std::string>& args) {
+  const std::string errores = testing::TempDir() + "mirkal-cli-" + std::to_string(getpid());
+  std::string orden = Comillas(MIRKAL_CLI);
+  for (const std::string& a : args)
+    orden += " " + Comillas(a);
   Salida s;
-  pollfd fds[2] = {{tubOut[0], POLLIN, 0}, {tubErr[0], POLLIN, 0}};
-  std::string* destino[2] = {&s.out, &s.err};
-  for (int abiertos = 2; abiertos > 0;) {
-    if (poll(fds, 2, 10000) <= 0) break; // a tool that hangs fails the test below
-    for (int i = 0; i < 2; ++i) {
-      if (fds[i].fd < 0 || fds[i].revents == 0) continue;
-      char buf[4096];
-      const ssize_t n = read(fds[i].fd, buf, sizeof buf);
-      if (n > 0) {
-        destino[i]->append(buf, static_cast<std::size_t>(n));
-      } else {
-        close(fds[i].fd), fds[i].fd = -1, --abiertos;
-      }
-    }
-  }
-  for (auto& f : fds)
-    if (f.fd >= 0) close(f.fd);
-  int status = 0;
-  waitpid(pid, &status, 0);
-  s.estado = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  FILE* tubo = popen((orden + " 2>" + Comillas(errores)).c_str(), "r");
+  if (!tubo) return s;
+  char buf[4096];
+  for (std::size_t n; (n = fread(buf, 1, sizeof buf, tubo)) > 0;)
+    s.out.append(buf, n);
+  const int estado = pclose(tubo);
+  s.estado = WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
+  std::ifstream f(errores, std::ios::binary);
+  s.err.assign(std::istreambuf_iterator<char>(f), {});
+  std::remove(errores.c_str());
   return s;
 }
 

@@ -22,45 +22,22 @@ TEST(Cp1252, AsciiPassesUnchanged) {
 }
 
 TEST(Cp1252, CharactersOfTheCodePageBothWays) {
+  // clang-format off
   const struct {
     const char* utf8;
     int byte;
   } casos[] = {
-      {"á", 0xE1},
-      {"é", 0xE9},
-      {"í", 0xED},
-      {"ó", 0xF3},
-      {"ú", 0xFA},
-      {"ñ", 0xF1},
-      {"Á", 0xC1},
-      {"É", 0xC9},
-      {"Í", 0xCD},
-      {"Ó", 0xD3},
-      {"Ú", 0xDA},
-      {"Ñ", 0xD1},
-      {"ü", 0xFC},
-      {"Ü", 0xDC},
-      {"·", 0xB7},
-      {"¿", 0xBF},
-      {"ÿ", 0xFF},
-      {"\u00A0", 0xA0},
+      {"á", 0xE1}, {"é", 0xE9}, {"í", 0xED}, {"ó", 0xF3}, {"ú", 0xFA}, {"ñ", 0xF1},
+      {"Á", 0xC1}, {"É", 0xC9}, {"Í", 0xCD}, {"Ó", 0xD3}, {"Ú", 0xDA}, {"Ñ", 0xD1},
+      {"ü", 0xFC}, {"Ü", 0xDC}, {"·", 0xB7}, {"¿", 0xBF}, {"ÿ", 0xFF}, {"\u00A0", 0xA0},
       // 0x80-0x9F is where Windows-1252 parts from Latin-1.
-      {"€", 0x80},
-      {"‚", 0x82},
-      {"ƒ", 0x83},
-      {"…", 0x85},
-      {"Š", 0x8A},
-      {"Œ", 0x8C},
-      {"Ž", 0x8E},
-      {"‘", 0x91},
-      {"“", 0x93},
-      {"”", 0x94},
-      {"—", 0x97},
-      {"™", 0x99},
-      {"š", 0x9A},
-      {"ž", 0x9E},
-      {"Ÿ", 0x9F},
+      {"€", 0x80}, {"‚", 0x82}, {"ƒ", 0x83}, {"…", 0x85}, {"Š", 0x8A}, {"Œ", 0x8C},
+      {"Ž", 0x8E}, {"‘", 0x91}, {"“", 0x93}, {"”", 0x94}, {"—", 0x97}, {"™", 0x99},
+      {"š", 0x9A}, {"ž", 0x9E}, {"Ÿ", 0x9F},
+      // The five bytes the code page leaves undefined stand for themselves.
+      {"\u0081", 0x81}, {"\u008D", 0x8D}, {"\u008F", 0x8F}, {"\u0090", 0x90}, {"\u009D", 0x9D},
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(c.utf8);
     EXPECT_EQ(Utf8ACp1252(c.utf8), Byte(c.byte));
@@ -70,23 +47,23 @@ TEST(Cp1252, CharactersOfTheCodePageBothWays) {
 }
 
 TEST(Cp1252, ForeignCharactersAndBrokenUtf8BecomeTheForeignByte) {
+  // clang-format off
   const struct {
     std::string utf8, bytes;
   } casos[] = {
-      {"→", kAjeno},
-      {"中", kAjeno},
-      {"😀", kAjeno},
-      {"\u0085", kAjeno}, // a C1 control that Windows-1252 replaces by "…"
+      {"→", kAjeno}, {"中", kAjeno}, {"😀", kAjeno},
+      {"\u0085", kAjeno},                          // a C1 control that Windows-1252 replaces by "…"
       {"x→y", "x" + kAjeno + "y"},
-      {"\xC3", kAjeno},                                        // lead byte cut off at the end
-      {"\xC3(", kAjeno + "("},                                 // lead byte without continuation
-      {"\x80", kAjeno},                                        // stray continuation byte
-      {"\xFF", kAjeno},                                        // never valid in UTF-8
-      {"\xE2\x82", kAjeno + kAjeno},                           // truncated three-byte sequence
-      {"\xC0\xAF", kAjeno + kAjeno},                           // overlong "/"
-      {"\xED\xA0\x80", kAjeno + kAjeno + kAjeno},              // surrogate
+      {"\xC3", kAjeno},                            // lead byte cut off at the end
+      {"\xC3(", kAjeno + "("},                     // lead byte without continuation
+      {"\x80", kAjeno},                            // stray continuation byte
+      {"\xFF", kAjeno},                            // never valid in UTF-8
+      {"\xE2\x82", kAjeno + kAjeno},               // truncated three-byte sequence
+      {"\xC0\xAF", kAjeno + kAjeno},               // overlong "/"
+      {"\xED\xA0\x80", kAjeno + kAjeno + kAjeno},  // surrogate
       {"\xF4\x90\x80\x80", kAjeno + kAjeno + kAjeno + kAjeno}, // past U+10FFFF
   };
+  // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(testing::PrintToString(c.utf8));
     EXPECT_EQ(Utf8ACp1252(c.utf8), c.bytes);
