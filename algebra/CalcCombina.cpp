@@ -22,6 +22,11 @@ std::string Limpia(std::string suma) {
   return suma;
 }
 
+std::string Acotado(std::string texto) {
+  if (texto.size() > kMaxTexto) throw ErrorMotor{kErrTextoExcesivo, kDescTextoExcesivo};
+  return texto;
+}
+
 double Finito(double valor) {
   if (!std::isfinite(valor)) throw ErrorMotor{kErrDesbordamiento, kDescDesbordamiento};
   return valor;
@@ -146,7 +151,7 @@ std::string CalcSimbolic::SumaFracciones(std::string_view l, std::string_view r,
   auto suma = [&](std::string_view a, std::string_view b) {
     std::string texto(a);
     Une(texto, resta ? NegExp(b) : std::string(b));
-    return SumaDeTerminos(texto.empty() ? "0" : texto);
+    return Acotado(SumaDeTerminos(texto.empty() ? "0" : texto));
   };
   if (fl && fr) {
     if (EsIgual(dl, dr)) return DivExp(suma(nl, nr), dl);
@@ -227,11 +232,15 @@ std::string CalcSimbolic::ProductoDeTerminos(const Termino& a, const Termino& b)
 std::string CalcSimbolic::ProductoExpandido(std::string_view l, std::string_view r) {
   const Escaneo el = Escanea(l), er = Escanea(r);
   const auto tl = Terminos(el), tr = Terminos(er);
+  // Refuse before building: the expansion writes every term of one side once
+  // for each term of the other.
+  if (l.size() * tr.size() + r.size() * tl.size() > kMaxTexto)
+    throw ErrorMotor{kErrTextoExcesivo, kDescTextoExcesivo};
   std::string suma;
   for (const Termino& a : tl)
     for (const Termino& b : tr)
       Une(suma, ProductoDeTerminos(a, b));
-  return SumaDeTerminos(suma.empty() ? "0" : suma);
+  return Acotado(SumaDeTerminos(suma.empty() ? "0" : suma));
 }
 
 std::string CalcSimbolic::MultExp(std::string_view l, std::string_view r) {
