@@ -9,6 +9,7 @@
 
 std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& var) {
   errNumber_ = 0;
+  escaneos_.clear();
   try {
     const std::string simple = SimplExp(Utf8ACp1252(exp));
     // A quotient is zero where its numerator is: the denominator is dropped.

@@ -4,6 +4,7 @@
 
 #include "algebra/CalcSimbolic.h"
 #include "algebra/Parentesis.h"
+#include "lang/Caracteres.h"
 #include "lang/ConvierteNumero.h"
 #include "lang/Cp1252.h"
 
@@ -14,19 +15,23 @@ std::string_view CalcSimbolic::Escaneo::Trozo(int t0, int t1) const {
 }
 
 CalcSimbolic::Escaneo CalcSimbolic::Escanea(std::string_view texto) {
-  Escaneo e{texto, {}};
-  lexS_.BufferBytes(std::string(texto));
-  for (int tipo = lexS_.SgtToken(); tipo != kFA; tipo = lexS_.SgtToken()) {
-    const int fin = lexS_.PtrBuffer();
-    e.toks.push_back(Token{fin - lexS_.LongLex(), fin, tipo});
+  auto [sitio, nuevo] = escaneos_.try_emplace(std::string(texto));
+  if (nuevo) {
+    lexS_.BufferBytes(sitio->first);
+    for (int tipo = lexS_.SgtToken(); tipo != kFA; tipo = lexS_.SgtToken()) {
+      const int fin = lexS_.PtrBuffer();
+      sitio->second.push_back(Token{fin - lexS_.LongLex(), fin, tipo});
+    }
   }
-  return e;
+  return Escaneo{texto, sitio->second};
 }
 
 // Exactly one number token: "-2" and 2*3 are not numbers.
 bool CalcSimbolic::EsNumero(std::string_view texto) {
-  lexS_.BufferBytes(std::string(texto));
-  return lexS_.SgtToken() == kNum && lexS_.SgtToken() == kFA;
+  if (texto.empty() || !(EsDigito(static_cast<unsigned char>(texto[0])) || texto[0] == '.'))
+    return false; // what the lexer would read as no number at all
+  const Escaneo e = Escanea(texto);
+  return e.toks.size() == 1 && e.toks[0].tipo == kNum;
 }
 
 int CalcSimbolic::BuscaOp(const Escaneo& e, unsigned ops, int desde, int hasta) {

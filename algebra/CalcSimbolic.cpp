@@ -81,6 +81,7 @@ void CalcSimbolic::PuntoDec(const std::string& separador) {
 
 std::string CalcSimbolic::Calc(const std::string& exp) {
   errNumber_ = 0;
+  escaneos_.clear();
   try {
     return Cp1252AUtf8(SimplExp(Utf8ACp1252(exp)));
   } catch (const ErrorMotor& e) {
@@ -91,6 +92,7 @@ std::string CalcSimbolic::Calc(const std::string& exp) {
 
 /// iguala-cero ::= expr "=" expr fin
 bool CalcSimbolic::IguCero(std::string& ecu) {
+  escaneos_.clear();
   try {
     CargaTexto(Utf8ACp1252(ecu));
     const std::string l = Expr();
@@ -214,7 +216,7 @@ std::string CalcSimbolic::BaseSignada() {
 /// primario ::= "(" expr ")" | funcion | constante | numero | variable
 std::string CalcSimbolic::Primario() {
   if (token_ == kAbre || (token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion)) {
-    if (++anidamiento_ > kMaxAnidamiento) throw ErrorMotor{kErrAnidamiento, kDescAnidamiento};
+    if (++anidamiento_ > kMaxAnidamientoCalc) throw ErrorMotor{kErrAnidamiento, kDescAnidamiento};
     std::string valor;
     if (token_ == kAbre) {
       Avanza();
@@ -228,11 +230,12 @@ std::string CalcSimbolic::Primario() {
   }
   std::string valor;
   if (token_ == kPi || token_ == kE) {
-    valor = resolveConst_ ? TextoNumero(token_ == kPi ? kValorPi : kValorE) : lexP_.LexBytes();
+    valor = resolveConst_ ? TextoNumero(token_ == kPi ? kValorPi : kValorE)
+                          : std::string(lexP_.LexBytes());
   } else if (token_ == kNum) {
     valor = TextoNumero(ConvierteLiteral(lexP_.LexBytes(), puntoDec_[0]));
   } else if (token_ == kId) {
-    valor = lexP_.LexBytes();
+    valor = std::string(lexP_.LexBytes());
   } else {
     Error(3);
   }
@@ -242,7 +245,7 @@ std::string CalcSimbolic::Primario() {
 
 /// funcion ::= nombre "(" expr ")"
 std::string CalcSimbolic::Funcion() {
-  const std::string nombre = lexP_.LexBytes();
+  const std::string nombre(lexP_.LexBytes());
   const int tipo = token_;
   Avanza();
   Espera(kAbre);

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "lang/AnaLex.h"
@@ -76,14 +77,16 @@ public:
   };
 
 private:
-  // A text cut into tokens by the scanning lexer, once; the views below
-  // point into the scanned text, which must outlive them.
+  // A text cut into tokens by the scanning lexer; the views below point
+  // into the scanned text, which must outlive them. The same small texts are
+  // scanned over and over while one expression is simplified, so the tokens
+  // of every text scanned during one public call are kept until the next.
   struct Token {
     int ini, fin, tipo; // byte range in the text, token kind
   };
   struct Escaneo {
     std::string_view texto;
-    std::vector<Token> toks;
+    const std::vector<Token>& toks;
     std::string_view Trozo(int t0, int t1) const; // the text of tokens [t0, t1)
   };
   // A factor of a term: base^exp ("" for an exponent of 1). The keys are the
@@ -150,6 +153,7 @@ private:
   bool DescomponAxNb(std::string_view exp, std::string_view var, std::string& a, std::string& b,
                      std::string& n);
 
+  std::unordered_map<std::string, std::vector<Token>> escaneos_;
   AnaLex lexP_; // parse lexer
   AnaLex lexS_; // scanning lexer
   int token_ = 0;

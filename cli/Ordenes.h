@@ -14,6 +14,8 @@ using Argumentos = std::vector<std::string>;
 int OrdenSintaxis(const Argumentos& args);
 int OrdenSimplificar(const Argumentos& args);
 int OrdenDespejar(const Argumentos& args);
+int OrdenDerivar(const Argumentos& args);
+int OrdenFormato(const Argumentos& args);
 
 // Writes the short usage to standard error and returns kSalidaUso.
 int ErrorDeUso(const std::string& motivo);

@@ -11,6 +11,19 @@ constexpr const char* kUso =
     "Uso: mirkal-cli ORDEN [opciones] ...\n"
     "\n"
     "Órdenes:\n"
+    "  derivar [opciones] [ECUACIÓN]\n"
+    "      Deriva la ecuación (o el documento leído de la entrada estándar) e\n"
+    "      imprime exactamente lo que la orden Derivar añade al documento.\n"
+    "      -f, --archivo ARCHIVO  lee el documento de ARCHIVO\n"
+    "      --escribir             con -f: añade el resultado al archivo y lo guarda\n"
+    "      --pasos                escribe cada paso (DerivarPP)\n"
+    "      --vd NOMBRE, --vi NOMBRE  variables dependiente e independiente (y, x)\n"
+    "      --cifras N             cifras de redondeo, de 0 a 300 (5)\n"
+    "      --fracciones | --decimales  números como fracciones (por omisión) o redondeados\n"
+    "      --lote                 cada línea de la entrada es una ecuación; una línea\n"
+    "                             de salida por cada una: la derivada o \"ERROR: ...\"\n"
+    "  formato [--fracciones] [--cifras N] TEXTO\n"
+    "      Reescribe los números del texto redondeados (5 cifras) o como fracciones.\n"
     "  sintaxis [--ecuacion | --desigualdad] TEXTO\n"
     "      Comprueba la sintaxis de una expresión (o de una ecuación o\n"
     "      desigualdad) e imprime su forma normalizada.\n"
@@ -67,5 +80,7 @@ int main(int argc, char** argv) {
   if (orden == "sintaxis") return OrdenSintaxis(args);
   if (orden == "simplificar") return OrdenSimplificar(args);
   if (orden == "despejar") return OrdenDespejar(args);
+  if (orden == "derivar") return OrdenDerivar(args);
+  if (orden == "formato") return OrdenFormato(args);
   return ErrorDeUso("orden desconocida: " + orden);
 }

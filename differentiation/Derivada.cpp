@@ -111,6 +111,8 @@ void ReemplazaTodo(std::string& t, std::string_view de, std::string_view a) {
 
 Derivada::Derivada() = default;
 Derivada::~Derivada() = default;
+Derivada::Derivada(Derivada&&) noexcept = default;
+Derivada& Derivada::operator=(Derivada&&) noexcept = default;
 
 std::string Derivada::NombreDifer() const { return "d" + varDep_ + "_d" + varInd_; }
 
@@ -146,6 +148,8 @@ std::string Derivada::Derivar(const std::string& ecuacion) {
   errLin_ = -1;
   errCol_ = errLen_ = 0;
   pasos_.clear();
+  depMayus_ = EnMayusculas(Utf8ACp1252(varDep_));
+  indMayus_ = EnMayusculas(Utf8ACp1252(varInd_));
   if (!sintaxis_) sintaxis_ = std::make_unique<SintaxExp>();
   if (!calc_) calc_ = std::make_unique<CalcSimbolic>();
   try {
@@ -188,7 +192,10 @@ std::string Derivada::Derivar(const std::string& ecuacion) {
     if (pasToPas_) AgregaPaso(std::string(SinParentesis(w)) + " = 0 -->");
 
     const std::string resultado = calc_->Desp_axNb(Cp1252AUtf8(w), NombreDifer());
-    if (calc_->ErrNumber() != 0) throw Fallo{calc_->ErrNumber() == kErrTextoExcesivo ? 5 : 3};
+    if (calc_->ErrNumber() != 0) {
+      const std::int32_t n = calc_->ErrNumber();
+      throw Fallo{n == kErrTextoExcesivo || n == kErrAnidamiento ? 5 : 3};
+    }
     if (pasToPas_) AgregaPaso(difer + " = " + Utf8ACp1252(resultado));
     return resultado;
   } catch (const Fallo& f) {
@@ -198,9 +205,7 @@ std::string Derivada::Derivar(const std::string& ecuacion) {
 }
 
 bool Derivada::Depende(std::string_view texto) const {
-  return CuentaVar(texto, EnMayusculas(Utf8ACp1252(varDep_))) +
-             CuentaVar(texto, EnMayusculas(Utf8ACp1252(varInd_))) >
-         0;
+  return CuentaVar(texto, depMayus_) + CuentaVar(texto, indMayus_) > 0;
 }
 
 // One level of differentiation of U: the first rule that applies.
@@ -232,8 +237,8 @@ std::string Derivada::ResuelveNivel(const std::string& u) const {
   while (!recortado.empty() && (recortado.back() == ' ' || recortado.back() == '\t'))
     recortado.remove_suffix(1);
   const std::string mayus = EnMayusculas(recortado);
-  if (mayus == EnMayusculas(Utf8ACp1252(varInd_))) return "1";
-  if (mayus == EnMayusculas(Utf8ACp1252(varDep_))) return Utf8ACp1252(NombreDifer());
+  if (mayus == indMayus_) return "1";
+  if (mayus == depMayus_) return Utf8ACp1252(NombreDifer());
   if (u.find('(') != std::string::npos) return ReglaFuncion(u);
   return "0";
 }

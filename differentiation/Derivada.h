@@ -22,6 +22,8 @@ class Derivada {
 public:
   Derivada();
   ~Derivada();
+  Derivada(Derivada&&) noexcept;
+  Derivada& operator=(Derivada&&) noexcept;
 
   // Setting a variable checks, in order: not the derivative name (error 1),
   // a valid identifier (error 2), different from the other variable
@@ -58,6 +60,7 @@ private:
   bool Depende(std::string_view texto) const;
 
   std::string varDep_ = "Y", varInd_ = "X";
+  std::string depMayus_, indMayus_; // the names as the rules compare them, set by Derivar
   bool pasToPas_ = false;
   std::vector<std::string> pasos_;
   std::unique_ptr<CalcSimbolic> calc_;

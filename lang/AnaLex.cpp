@@ -33,12 +33,16 @@ std::string AnaLex::Buffer() const { return Cp1252AUtf8(buf_); }
 void AnaLex::Buffer(const std::string& texto) { BufferBytes(Utf8ACp1252(texto)); }
 
 void AnaLex::BufferBytes(std::string bytes) {
+  if (lexIni_ >= 0) {
+    lexPropio_ = std::string(LexBytes());
+    lexIni_ = -1;
+  }
   buf_ = std::move(bytes);
   ptr_ = lin_ = col_ = 0;
   estados_ = 0;
 }
 
-std::string AnaLex::Lex() const { return Cp1252AUtf8(lex_); }
+std::string AnaLex::Lex() const { return Cp1252AUtf8(LexBytes()); }
 std::string AnaLex::LexCad() const { return Cp1252AUtf8(lexCad_); }
 
 std::string AnaLex::PuntoDec() const { return std::to_string(puntoDec_); }
@@ -98,7 +102,7 @@ void AnaLex::GuardaEstado() {
   // Full stack: the oldest state gives way so that the newest always fits.
   Estado& e = pila_[static_cast<std::size_t>(cima_)];
   e.ptr = ptr_, e.lin = lin_, e.col = col_, e.ultInd = ultInd_, e.indCls = indCls_;
-  e.lex = lex_;
+  e.lexIni = lexIni_, e.lexLen = lexLen_;
   e.lexCad = lexCad_;
   cima_ = (cima_ + 1) % kMaxEstados;
   if (estados_ < kMaxEstados) ++estados_;
@@ -113,7 +117,7 @@ void AnaLex::Restaura() {
   --estados_;
   Estado& e = pila_[static_cast<std::size_t>(cima_)];
   ptr_ = e.ptr, lin_ = e.lin, col_ = e.col, ultInd_ = e.ultInd, indCls_ = e.indCls;
-  lex_.swap(e.lex);
+  lexIni_ = e.lexIni, lexLen_ = e.lexLen;
   lexCad_.swap(e.lexCad);
 }
 
@@ -245,7 +249,8 @@ int AnaLex::LongOperador(int& codigo) const {
 }
 
 void AnaLex::Toma(int longitud) {
-  lex_.assign(buf_.data() + ptr_, static_cast<std::size_t>(longitud));
+  lexIni_ = ptr_;
+  lexLen_ = longitud;
   ptr_ += longitud;
   col_ += longitud;
 }
@@ -261,7 +266,8 @@ int AnaLex::SgtToken() {
   bool registrado = false; // keywords and operators return their own code
   if (ptr_ < n && b == kCR && !ignFL_) {
     const int largo = ptr_ + 1 < n && static_cast<unsigned char>(buf_[ptr_ + 1]) == kLF ? 2 : 1;
-    lex_.assign(buf_, ptr_, largo);
+    lexIni_ = ptr_;
+    lexLen_ = largo;
     ptr_ += largo;
     ++lin_;
     col_ = 0;
@@ -271,7 +277,8 @@ int AnaLex::SgtToken() {
     Toma(static_cast<int>(fin == std::string::npos ? n - ptr_ : fin - ptr_));
     clase = indCom_;
   } else if (ptr_ >= n) {
-    lex_.clear();
+    lexIni_ = ptr_;
+    lexLen_ = 0;
     clase = indFA_;
   } else if (b == kDelimitador && LeeCadena()) {
     clase = indCad_;
@@ -286,7 +293,7 @@ int AnaLex::SgtToken() {
       ++largo;
     }
     Toma(largo);
-    const std::string clave = EnMinusculas(lex_);
+    const std::string clave = EnMinusculas(LexBytes());
     const auto pos =
         std::lower_bound(palabras_.begin(), palabras_.end(), clave,
                          [](const Entrada& e, const std::string& t) { return e.texto < t; });

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class AnaLex {
@@ -29,7 +30,11 @@ public:
   // The same, for engine code that already holds Windows-1252 bytes (the
   // calculator's texts, the document's cells): no conversion.
   void BufferBytes(std::string bytes);
-  const std::string& LexBytes() const { return lex_; }
+  std::string_view LexBytes() const {
+    return lexIni_ >= 0 ? std::string_view(buf_).substr(static_cast<std::size_t>(lexIni_),
+                                                        static_cast<std::size_t>(lexLen_))
+                        : std::string_view(lexPropio_);
+  }
 
   int PtrBuffer() const { return ptr_; }
   int Lin() const { return lin_; }
@@ -37,7 +42,7 @@ public:
   std::string Lex() const;
   std::string LexCad() const;
   // Number of characters of Lex, without converting it.
-  int LongLex() const { return static_cast<int>(lex_.size()); }
+  int LongLex() const { return lexLen_; }
 
   // "46" for the point, "44" for the comma. Only "." and "," are accepted.
   std::string PuntoDec() const;
@@ -87,8 +92,8 @@ private:
     int codigo;
   };
   struct Estado {
-    int ptr, lin, col, ultInd, indCls;
-    std::string lex, lexCad;
+    int ptr, lin, col, ultInd, indCls, lexIni, lexLen;
+    std::string lexCad;
   };
 
   void GuardaEstado();
@@ -101,7 +106,13 @@ private:
 
   std::string buf_;
   int ptr_ = 0, lin_ = 0, col_ = 0;
-  std::string lex_, lexCad_;
+  // Lex is a stretch of the buffer (lexIni_ >= 0), so that saving a state
+  // copies no text; a Lex read from an earlier buffer, which survives a new
+  // Buffer until the next token, is kept in lexPropio_ (lexIni_ -1). Only the
+  // first state saved after a Buffer can refer to it.
+  int lexIni_ = 0, lexLen_ = 0;
+  std::string lexPropio_;
+  std::string lexCad_;
   unsigned char puntoDec_ = '.';
   bool ignFL_ = false, ignCom_ = true;
   int indCom_ = 0, indCad_ = 0, indNum_ = 0, indId_ = 0, indPC_ = 0, indOpr_ = 0, indFL_ = 0,

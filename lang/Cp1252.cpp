@@ -84,6 +84,16 @@ std::string Cp1252AUtf8(std::string_view bytes) {
   return out;
 }
 
+bool EsUtf8Valido(std::string_view texto) {
+  for (std::size_t i = 0; i < texto.size();) {
+    char32_t cp = 0;
+    const std::size_t n = DecodificaUtf8(texto, i, cp);
+    if (n == 0) return false;
+    i += n;
+  }
+  return true;
+}
+
 int LongitudUtf8(std::string_view utf8) { return static_cast<int>(Utf8ACp1252(utf8).size()); }
 
 namespace {

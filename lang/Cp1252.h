@@ -19,6 +19,9 @@ std::string Utf8ACp1252(std::string_view utf8);
 // value, so every byte survives the round trip.
 std::string Cp1252AUtf8(std::string_view bytes);
 
+// Whether a text is well-formed UTF-8.
+bool EsUtf8Valido(std::string_view texto);
+
 // The number of characters in a UTF-8 text (a broken sequence counts one
 // character per byte, as Utf8ACp1252 reads it).
 int LongitudUtf8(std::string_view utf8);

@@ -1,0 +1,48 @@
+#include "differentiation/ConfigDerivacion.h"
+
+#include "lang/Caracteres.h"
+#include "lang/Cp1252.h"
+
+namespace {
+
+// A whole number from 0 to 300, blanks around it allowed.
+std::optional<int> Cifras(const std::string& texto) {
+  const auto ini = texto.find_first_not_of(" \t");
+  if (ini == std::string::npos) return std::nullopt;
+  const auto fin = texto.find_last_not_of(" \t");
+  int valor = 0;
+  for (std::size_t i = ini; i <= fin; ++i) {
+    if (!EsDigito(static_cast<unsigned char>(texto[i]))) return std::nullopt;
+    valor = valor * 10 + (texto[i] - '0');
+    if (valor > 300) return std::nullopt;
+  }
+  return valor;
+}
+
+bool Identificador(const std::string& nombre) { return EsIdentificador(Utf8ACp1252(nombre)); }
+
+std::string Mayus(const std::string& texto) { return EnMayusculas(Utf8ACp1252(texto)); }
+
+} // namespace
+
+std::optional<FalloConfig> CompruebaConfig(const std::string& txtCRE, const std::string& txtVD,
+                                           const std::string& txtVI) {
+  const std::string difer = Mayus("d" + txtVD + "_d" + txtVI);
+  if (!Cifras(txtCRE))
+    return FalloConfig{CampoConfig::CifRed, "Se esperaba un número entre 0 y 300"};
+  if (!Identificador(txtVD)) return FalloConfig{CampoConfig::VarDep, "Identificador no válido"};
+  if (Mayus(txtVD) == difer)
+    return FalloConfig{CampoConfig::VarDep, "Variable restringida para uso interno"};
+  if (Mayus(txtVD) == Mayus(txtVI))
+    return FalloConfig{CampoConfig::VarDep,
+                       "Las variables dependiente e independiente deben ser distintas"};
+  if (!Identificador(txtVI)) return FalloConfig{CampoConfig::VarInd, "Identificador no válido"};
+  if (Mayus(txtVI) == difer)
+    return FalloConfig{CampoConfig::VarInd, "Variable restringida para uso interno"};
+  return std::nullopt;
+}
+
+ConfigDerivacion AceptaConfig(const std::string& txtCRE, const std::string& txtVD,
+                              const std::string& txtVI, bool chkFracc) {
+  return ConfigDerivacion{txtVD, txtVI, Cifras(txtCRE).value_or(5), chkFracc, true};
+}
