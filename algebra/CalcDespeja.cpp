@@ -19,7 +19,7 @@ std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& v
     if (Fraccion(e, num, den)) numerador = num;
     std::string a, b, n;
     if (!DescomponAxNb(numerador, Utf8ACp1252(var), a, b, n)) throw ErrorMotor{NumeroError(7), ""};
-    return Cp1252AUtf8(SimplExp("(-(" + b + ")/(" + a + "))^(1/" + n + ")"));
+    return Cp1252AUtf8(SimplExp("(-(" + b + ")/(" + a + "))^(1/" + n + ")", true));
   } catch (const ErrorMotor& e) {
     AtrapaError(e.numero, e.descripcion);
     return "";

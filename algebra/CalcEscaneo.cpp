@@ -60,13 +60,25 @@ bool CalcSimbolic::TieneBinario(const Escaneo& e, unsigned ops) {
 }
 
 // Splits at the first "/" outside parentheses; each side loses the
-// parentheses that enclose it whole, so that "(a+b)/c" gives a+b over c.
+// parentheses that enclose it whole, so that "(a+b)/c" gives a+b over c,
+// unless what they enclose is itself a quotient: "(a/b)/c" keeps "(a/b)" as
+// its numerator, which is no fraction. A quotient wholly in parentheses, as a
+// power brings back its base "(x/y)", is a fraction too.
 bool CalcSimbolic::Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den) {
   const int barra = BuscaOp(e, Op(kEntre));
-  if (barra < 0) return false;
-  num = SinParentesis(e.Trozo(0, barra));
-  den = SinParentesis(e.Trozo(barra + 1, static_cast<int>(e.toks.size())));
+  if (barra < 0) {
+    const std::string_view dentro = SinParentesis(e.texto);
+    return dentro.size() != e.texto.size() && Fraccion(Escanea(dentro), num, den);
+  }
+  num = LadoDeFraccion(e.Trozo(0, barra));
+  den = LadoDeFraccion(e.Trozo(barra + 1, static_cast<int>(e.toks.size())));
   return true;
+}
+
+std::string_view CalcSimbolic::LadoDeFraccion(std::string_view lado) {
+  const std::string_view dentro = SinParentesis(lado);
+  if (dentro.size() == lado.size() || BuscaOp(Escanea(dentro), Op(kEntre)) < 0) return dentro;
+  return lado;
 }
 
 namespace {

@@ -100,7 +100,7 @@ bool CalcSimbolic::IguCero(std::string& ecu) {
     Espera(kIgual);
     const std::string r = Expr();
     Espera(kFA);
-    ecu = Cp1252AUtf8(SimplExp(l + "-(" + r + ")"));
+    ecu = Cp1252AUtf8(SimplExp(l + "-(" + r + ")", true));
     return true;
   } catch (const ErrorMotor& e) {
     errNumber_ = e.numero; // ErrDesc stays as it was
@@ -121,14 +121,15 @@ void CalcSimbolic::AtrapaError(std::int32_t numero, const std::string& descripci
 // ---------------------------------------------------------------------------
 // Parser
 
-std::string CalcSimbolic::SimplExp(std::string_view texto) {
-  CargaTexto(texto);
+std::string CalcSimbolic::SimplExp(std::string_view texto, bool propio) {
+  CargaTexto(texto, propio);
   std::string resultado = Expr();
   Espera(kFA);
   return resultado;
 }
 
-void CalcSimbolic::CargaTexto(std::string_view texto) {
+void CalcSimbolic::CargaTexto(std::string_view texto, bool propio) {
+  lexP_.PuntoDec(propio ? "." : puntoDec_);
   lexP_.BufferBytes(std::string(texto));
   anidamiento_ = 0;
   Avanza();
@@ -233,7 +234,7 @@ std::string CalcSimbolic::Primario() {
     valor = resolveConst_ ? TextoNumero(token_ == kPi ? kValorPi : kValorE)
                           : std::string(lexP_.LexBytes());
   } else if (token_ == kNum) {
-    valor = TextoNumero(ConvierteLiteral(lexP_.LexBytes(), puntoDec_[0]));
+    valor = TextoNumero(ConvierteLiteral(lexP_.LexBytes(), lexP_.PuntoDec() == "44" ? ',' : '.'));
   } else if (token_ == kId) {
     valor = std::string(lexP_.LexBytes());
   } else {

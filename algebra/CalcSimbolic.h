@@ -105,8 +105,10 @@ private:
   };
 
   // Parser (CalcSimbolic.cpp): each rule returns its simplified text.
-  std::string SimplExp(std::string_view texto);
-  void CargaTexto(std::string_view texto);
+  // `propio`: a text the calculator built itself, whose numbers always use
+  // "." whatever PuntoDec says.
+  std::string SimplExp(std::string_view texto, bool propio = false);
+  void CargaTexto(std::string_view texto, bool propio = false);
   void Avanza();
   void Espera(int tipo);
   std::string Expr();
@@ -132,7 +134,8 @@ private:
   // Whether an operator of `ops` stands outside parentheses after the first
   // token: a leading sign is not a binary operator.
   static bool TieneBinario(const Escaneo& e, unsigned ops);
-  static bool Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den);
+  bool Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den);
+  std::string_view LadoDeFraccion(std::string_view lado);
   static std::vector<Termino> Terminos(const Escaneo& e);
 
   // Combining operations (CalcCombina.cpp).

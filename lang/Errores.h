@@ -34,7 +34,7 @@ inline constexpr std::int32_t kErrAnidamiento = 28;
 inline constexpr int kMaxAnidamiento = 200;
 // The calculator reads texts that the differentiation rules build, which nest
 // one level for every term of a sum: it allows more.
-inline constexpr int kMaxAnidamientoCalc = 2000;
+inline constexpr int kMaxAnidamientoCalc = 1000;
 // A text of the algebra larger than kMaxTexto bytes: sums brought over one
 // denominator without cancelling can grow without bound on nested quotients.
 // Typical derivatives stay under 1 KB; the largest benchmarked results reach
