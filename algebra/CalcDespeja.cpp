@@ -11,12 +11,17 @@ std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& v
   errNumber_ = 0;
   escaneos_.clear();
   try {
-    const std::string simple = SimplExp(Utf8ACp1252(exp));
+    std::string numerador = SimplExp(Utf8ACp1252(exp));
     // A quotient is zero where its numerator is: the denominator is dropped.
-    std::string_view numerador = simple;
-    const Escaneo e = Escanea(simple);
-    std::string_view num, den;
-    if (Fraccion(e, num, den)) numerador = num;
+    // The numerator is read once more, so that what the quotient kept whole,
+    // such as the negated sum of -(x*dy_dx-y)/x^2, becomes a sum of terms.
+    for (int vuelta = 0; vuelta < 3; ++vuelta) {
+      std::string_view num, den;
+      const bool fraccion = Fraccion(Escanea(numerador), num, den);
+      std::string siguiente = SimplExp(fraccion ? num : std::string_view(numerador), true);
+      if (!fraccion && siguiente == numerador) break;
+      numerador = std::move(siguiente);
+    }
     std::string a, b, n;
     if (!DescomponAxNb(numerador, Utf8ACp1252(var), a, b, n)) throw ErrorMotor{NumeroError(7), ""};
     return Cp1252AUtf8(SimplExp("(-(" + b + ")/(" + a + "))^(1/" + n + ")", true));

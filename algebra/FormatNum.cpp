@@ -48,6 +48,12 @@ std::string FormatNum::FCoef(const std::string& texto) {
       continue;
     }
     const double valor = LeeNumero(lex_.LexBytes());
+    // A literal beyond the double range has no digits to round: it is copied
+    // as written, like any other token.
+    if (!std::isfinite(valor)) {
+      out += lex_.Lex();
+      continue;
+    }
     out += outFracc_ ? Fraccion(valor) : TextoNumero(RedN(valor, cifRed_));
   }
   lex_.Buffer("");
@@ -56,8 +62,12 @@ std::string FormatNum::FCoef(const std::string& texto) {
 
 double FormatNum::RedN(double x, int n) {
   if (std::fabs(x) >= 1 && n >= 15) n = 14; // a double carries no more than that
-  if (!TieneFraccion(x)) return x;
+  // A negative count rounds to tens, hundreds...: whole numbers round too.
+  if ((n >= 0 && !TieneFraccion(x)) || !std::isfinite(x)) return x;
   const double escala = std::pow(10.0, n);
+  // Below the smallest double 10^n is 0: every double is less than half a
+  // unit of that place away from 0.
+  if (escala == 0) return std::copysign(0.0, x);
   const double y = x * escala;
   // Where x*10^n leaves the double range, x has no digit left at the n-th
   // place to round: it is its own rounding.

@@ -15,7 +15,8 @@ bool GuardaArchivo(Editor& editor, EstadoArchivo& estado, const std::string& rut
   const Documento& doc = editor.Doc();
   std::vector<std::string> filas;
   filas.reserve(static_cast<std::size_t>(doc.NumFilas()));
-  for (int f = 0; f < doc.NumFilas(); ++f) filas.push_back(doc.BytesFila(f));
+  for (int f = 0; f < doc.NumFilas(); ++f)
+    filas.push_back(doc.BytesFila(f));
   if (!GuardaBytes(ruta, CodificaArchivo(filas, estado.codificacion), error)) return false;
   estado.ruta = ruta;
   estado.nombre = NombreDocumento(ruta);

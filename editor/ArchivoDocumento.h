@@ -9,7 +9,7 @@
 #include "editor/Editor.h"
 
 struct EstadoArchivo {
-  std::string ruta;                 // "" while the document has no file
+  std::string ruta;                  // "" while the document has no file
   std::string nombre = kNombreNuevo; // shown in the title
   Codificacion codificacion = Codificacion::Ansi;
   bool TieneArchivo() const { return !ruta.empty(); }

@@ -92,9 +92,11 @@ bool Editor::CabeEnFilas(Posicion desde, Posicion hasta, const std::string& byte
   const int limite =
       std::max({Documento::kMaxCeldas, doc_.LongFila(desde.fila), doc_.LongFila(hasta.fila)});
   int largo = antes;
+  bool primera = true; // rows in between are new: they take the plain limit
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') {
-      if (largo > Documento::kMaxCeldas && largo > limite) return false;
+      if (largo > (primera ? limite : Documento::kMaxCeldas)) return false;
+      primera = false;
       largo = 0;
       ++i;
     } else {
@@ -135,10 +137,20 @@ Resultado Editor::EscribeTexto(const std::string& texto) {
 Resultado Editor::EditaCmd(int codigo, const std::string& texto) {
   const Posicion c = doc_.Cursor();
   const int largo = doc_.LongFila(c.fila);
+  // Removing a selection over rows joins the rest of its first and last rows.
+  const auto quitaSeleccion = [&](int tipo) -> Resultado {
+    if (!CabeEnFilas(doc_.InicioSel(), doc_.FinSel(), ""))
+      return {false, "No se puede quitar la selección: una línea pasaría de 256 caracteres."};
+    if (tipo == kCortar) cortado_ = doc_.GetTextSel();
+    return Cambia(tipo, doc_.InicioSel(), doc_.FinSel(), "");
+  };
   switch (codigo) {
   case kEscribir: {
     const std::string byte = Utf8ACp1252(texto);
     if (byte.size() != 1 || !CaracterAjeno(texto).empty()) return {false, ""};
+    // Enter, Backspace and Tab come as commands; their control characters in
+    // a cell would read back as line breaks the rows do not have.
+    if (static_cast<unsigned char>(byte[0]) < 0x20 || byte[0] == 0x7F) return {false, ""};
     if (doc_.HaySel()) return InsertaTexto(texto, kEscribir);
     // A full row takes no more characters; overwriting inside it still works.
     if ((c.col >= largo || modoInsertar_) && largo >= Documento::kMaxCeldas) return {false, ""};
@@ -148,16 +160,15 @@ Resultado Editor::EditaCmd(int codigo, const std::string& texto) {
   case kEliminarSel:
   case kCortar:
     if (!doc_.HaySel()) return {false, ""};
-    if (codigo == kCortar) cortado_ = doc_.GetTextSel();
-    return Cambia(codigo, doc_.InicioSel(), doc_.FinSel(), "");
+    return quitaSeleccion(codigo);
   case kRetroceso:
-    if (doc_.HaySel()) return Cambia(kRetroceso, doc_.InicioSel(), doc_.FinSel(), "");
+    if (doc_.HaySel()) return quitaSeleccion(kRetroceso);
     if (c.col > 0) return Cambia(kRetroceso, {c.fila, c.col - 1}, c, "");
     if (c.fila == 0) return {false, ""};
     if (doc_.LongFila(c.fila - 1) + largo > Documento::kMaxCeldas) return {false, ""};
     return Cambia(kRetroceso, {c.fila - 1, doc_.LongFila(c.fila - 1)}, c, "");
   case kSuprimir:
-    if (doc_.HaySel()) return Cambia(kSuprimir, doc_.InicioSel(), doc_.FinSel(), "");
+    if (doc_.HaySel()) return quitaSeleccion(kSuprimir);
     if (c.col < largo) return Cambia(kSuprimir, c, {c.fila, c.col + 1}, "");
     if (c.fila + 1 >= doc_.NumFilas()) return {false, ""};
     if (largo + doc_.LongFila(c.fila + 1) > Documento::kMaxCeldas) return {false, ""};
@@ -184,7 +195,7 @@ Resultado Editor::InsertaTab() {
 
 void Editor::Selecciona(Posicion anterior, bool mayus) {
   if (!mayus) {
-    doc_.QuitaSeleccion();
+    DejaSeleccion();
     return;
   }
   const Posicion ancla = doc_.HaySel() ? doc_.Sel1() : anterior;
@@ -247,7 +258,11 @@ void Editor::Pulsa(int fila, int col, bool mayus) {
 }
 
 void Editor::Arrastra(int fila, int col) {
-  const Posicion ancla = doc_.Sel1();
+  // A key pressed while the button is held may have changed the rows under
+  // the anchor; it stays inside the document.
+  Posicion ancla = doc_.Sel1();
+  ancla.fila = std::clamp(ancla.fila, 0, doc_.NumFilas() - 1);
+  ancla.col = std::clamp(ancla.col, 0, doc_.LongFila(ancla.fila));
   doc_.MueveCursor(fila, col);
   doc_.FijaSeleccion(ancla, doc_.Cursor());
   Marca(0, -1);
@@ -272,9 +287,19 @@ void Editor::SeleccionaPalabra() {
   Marca(c.fila, c.fila);
 }
 
+// Drops the selection, and has its rows drawn again without the highlight
+// (and the cursor's row, which undo and redo move away from).
+void Editor::DejaSeleccion() {
+  Marca(doc_.Cursor().fila, doc_.Cursor().fila);
+  if (!doc_.HaySel()) return;
+  Marca(doc_.InicioSel().fila, doc_.FinSel().fila);
+  doc_.QuitaSeleccion();
+}
+
 void Editor::Deshacer() {
   const Cambio* cambio = historial_.ADeshacer();
   if (!cambio) return;
+  DejaSeleccion();
   for (auto r = cambio->pasos.rbegin(); r != cambio->pasos.rend(); ++r)
     Deshace(*r);
   const Reemplazo& primero = cambio->pasos.front();
@@ -287,6 +312,7 @@ void Editor::Deshacer() {
 void Editor::Rehacer() {
   const Cambio* cambio = historial_.ARehacer();
   if (!cambio) return;
+  DejaSeleccion();
   Posicion fin;
   for (const Reemplazo& r : cambio->pasos)
     fin = Aplica(r);
@@ -311,7 +337,9 @@ Resultado Editor::ReemplazaEnFila(int fila, int col, int largo, const std::strin
     historial_.AñadePaso(r);
   else
     historial_.RegistraCambio(Cambio{tipo, {r}});
-  // The cursor stays within the row's new length.
+  // The selection may now reach past the row's end; the cursor stays within
+  // the row's new length.
+  DejaSeleccion();
   const Posicion cur = doc_.Cursor();
   if (cur.fila == fila) doc_.MueveCursor(fila, cur.col);
   return {};

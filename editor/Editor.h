@@ -101,6 +101,7 @@ private:
   bool CabeEnFilas(Posicion desde, Posicion hasta, const std::string& bytes) const;
   void Marca(int desde, int hasta);
   void Selecciona(Posicion anterior, bool mayus);
+  void DejaSeleccion();
 
   Documento doc_;
   Historial historial_;

@@ -1,0 +1,551 @@
+#include "app/frmEditor.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include "app/Dialogos.h"
+#include "app/VentanaAyuda.h"
+#include "app/frmAcercaDe.h"
+#include "differentiation/OrdenDerivar.h"
+#include "differentiation/frmConfig.h"
+#include "editor/VistaEditor.h"
+#include "editor/frmBuscar.h"
+#include "editor/frmPresentar.h"
+#include "editor/frmReemp.h"
+
+namespace {
+
+// A toolbar picture: the theme's icon where the desktop has one, otherwise a
+// small drawn sign, so that every button shows something on any desktop.
+QIcon IconoBoton(const QString& tema, const QString& signo, const QColor& color) {
+  const QIcon deTema = QIcon::fromTheme(tema);
+  if (!deTema.isNull()) return deTema;
+  QPixmap dibujo(32, 32);
+  dibujo.fill(Qt::transparent);
+  QPainter p(&dibujo);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setBrush(color);
+  p.setPen(color.darker(150));
+  p.drawRoundedRect(QRectF(2, 2, 28, 28), 6, 6);
+  p.setPen(Qt::white);
+  QFont f = p.font();
+  f.setBold(true);
+  f.setPixelSize(signo.size() > 2 ? 10 : 15);
+  p.setFont(f);
+  p.drawText(QRect(0, 0, 32, 32), Qt::AlignCenter, signo);
+  return QIcon(dibujo);
+}
+
+// "Lín: 3, Col: 12": each number with the blank of a non-negative sign.
+QString TextoPosicion(const Posicion& c) {
+  return QStringLiteral("Lín: %1, Col: %2").arg(c.fila + 1).arg(c.col + 1);
+}
+
+QString NombreEjecutable() {
+  const QString nombre = QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+  return nombre.isEmpty() ? QStringLiteral("mirkal") : nombre;
+}
+
+} // namespace
+
+frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
+    : QMainWindow(padre), presentacion_(almacen), buscador_(editor_) {
+  setObjectName(QStringLiteral("frmEditor"));
+  presentacion_.AlMensaje = [this](const std::string& m) {
+    Dialogos::Aviso(this, QString::fromStdString(m));
+  };
+  presentacion_.Carga();
+  editor_.Colores(ColorSeguro(presentacion_.GetColorLetra(), kDefColorLetra),
+                  ColorSeguro(presentacion_.GetColorPC(), kDefColorPC),
+                  ColorSeguro(presentacion_.GetColorComment(), kDefColorComment));
+  editor_.EspTab(EspTabSegura(presentacion_.GetEspTab()));
+  presentacion_.AlAplicar = [this](EfectoPresentacion e) { Aplica(e); };
+
+  picEdit_ = new VistaEditor(editor_, presentacion_, this);
+  setCentralWidget(picEdit_);
+  config_ = new frmConfig(this);
+  CreaAcciones();
+  CreaMenus();
+  CreaBarra();
+  CreaEstado();
+  picEdit_->FijaMenuContextual(menuEdicion_);
+
+  buscador_.FijaAviso(
+      [this](const std::string& m) { Dialogos::Aviso(this, QString::fromStdString(m)); });
+  // Moving the cursor with Shift, dragging or a search makes or drops a
+  // selection without changing the text: Cortar, Copiar and Eliminar follow
+  // at once, not at the next tick of the general timer.
+  connect(picEdit_, &VistaEditor::cursorMovido, this, [this] {
+    ActualizaEstado();
+    ActualizaSeleccion();
+  });
+  connect(picEdit_, &VistaEditor::documentoCambiado, this, &frmEditor::TrasCambio);
+  connect(picEdit_, &VistaEditor::ayudaPedida, this, [this] { Contenido(); });
+  connect(picEdit_, &VistaEditor::aviso, this,
+          [this](const QString& t) { Dialogos::Aviso(this, t); });
+  connect(config_, &frmConfig::ayudaPedida, this, [this](const QString& tema) { Contenido(tema); });
+
+  RelojCursor.setObjectName(QStringLiteral("RelojCursor"));
+  RelojGeneral.setObjectName(QStringLiteral("RelojGeneral"));
+  connect(&RelojCursor, &QTimer::timeout, picEdit_, &VistaEditor::ParpadeaCursor);
+  connect(&RelojGeneral, &QTimer::timeout, this, [this] {
+    ActualizaEstado();
+    ActualizaComandos(); // the clipboard poll that enables Pegar
+  });
+  RelojCursor.start(530);
+  RelojGeneral.start(1000);
+
+  NuevoDocumento(editor_, archivo_);
+  resize(860, 560);
+  TrasCambio();
+  picEdit_->setFocus();
+}
+
+frmEditor::~frmEditor() = default;
+
+QAction* frmEditor::NuevaAccion(const QString& nombre, const QString& texto,
+                                const QKeySequence& atajo, std::function<void()> orden) {
+  auto* a = new QAction(texto, this);
+  a->setObjectName(nombre);
+  if (!atajo.isEmpty()) a->setShortcut(atajo);
+  connect(a, &QAction::triggered, this, std::move(orden));
+  acciones_.insert(nombre, a);
+  return a;
+}
+
+void frmEditor::CreaAcciones() {
+  NuevaAccion("Nuevo", "&Nuevo", QKeySequence::New, [this] { Nuevo(); });
+  NuevaAccion("Abrir", "&Abrir...", QKeySequence::Open, [this] { Abrir(); });
+  NuevaAccion("Guardar", "&Guardar", QKeySequence::Save, [this] { Guardar(); });
+  NuevaAccion("GuardarComo", "Guardar &como...", QKeySequence::SaveAs, [this] { GuardarComo(); });
+  NuevaAccion("Imprimir", "&Imprimir...", QKeySequence::Print, [this] { Imprimir(); });
+  NuevaAccion("Salir", "&Salir", QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { Salir(); });
+  NuevaAccion("Deshacer", "No se puede deshacer", QKeySequence::Undo, [this] { Deshacer(); });
+  NuevaAccion("Rehacer", "No se puede rehacer", QKeySequence::Redo, [this] { Rehacer(); });
+  NuevaAccion("Cortar", "Cor&tar", QKeySequence::Cut, [this] { Cortar(); });
+  NuevaAccion("Copiar", "&Copiar", QKeySequence::Copy, [this] { Copiar(); });
+  NuevaAccion("Pegar", "&Pegar", QKeySequence::Paste, [this] { Pegar(); });
+  NuevaAccion("Eliminar", "&Eliminar", QKeySequence(), [this] { Eliminar(); });
+  NuevaAccion("SeleccionarTodo", "Seleccionar &todo", QKeySequence::SelectAll,
+              [this] { SeleccionarTodo(); });
+  NuevaAccion("Buscar", "&Buscar...", QKeySequence::Find, [this] { Buscar(); });
+  NuevaAccion("Reemplazar", "&Reemplazar...", QKeySequence(Qt::CTRL | Qt::Key_H),
+              [this] { Reemplazar(); });
+  NuevaAccion("BuscarSiguiente", "Buscar &siguiente", QKeySequence(Qt::Key_F3),
+              [this] { BuscarSiguiente(); });
+  NuevaAccion("Derivar", "&Derivar", QKeySequence(Qt::Key_F5), [this] { Derivar(); });
+  NuevaAccion("DerivarPP", "Derivar &paso a paso", QKeySequence(Qt::SHIFT | Qt::Key_F5),
+              [this] { DerivarPP(); });
+  NuevaAccion("Configuración", "&Configuración...", QKeySequence(Qt::Key_F6),
+              [this] { Configurar(); });
+  NuevaAccion("Editor", "&Editor...", QKeySequence(), [this] { EditorPresentacion(); });
+  NuevaAccion("Contenido", "&Contenido", QKeySequence(), [this] { Contenido(); });
+  NuevaAccion("AcercaDe", "&Acerca de Mirkal", QKeySequence(), [this] { AcercaDe(); });
+}
+
+void frmEditor::CreaMenus() {
+  auto añade = [this](QMenu* menu, std::initializer_list<const char*> nombres) {
+    for (const char* n : nombres) {
+      if (QString(n).isEmpty())
+        menu->addSeparator();
+      else
+        menu->addAction(acciones_.value(n));
+    }
+  };
+  QMenu* archivo = menuBar()->addMenu("&Archivo");
+  archivo->setObjectName("Archivo");
+  añade(archivo, {"Nuevo", "Abrir", "Guardar", "GuardarComo", "", "Imprimir", "", "Salir"});
+  menuEdicion_ = menuBar()->addMenu("&Edición");
+  menuEdicion_->setObjectName("Edición");
+  añade(menuEdicion_, {"Deshacer", "Rehacer", "", "Cortar", "Copiar", "Pegar", "Eliminar", "",
+                       "SeleccionarTodo", "", "Buscar", "Reemplazar", "BuscarSiguiente"});
+  QMenu* opciones = menuBar()->addMenu("&Opciones");
+  opciones->setObjectName("Opciones");
+  añade(opciones, {"Derivar", "DerivarPP", "", "Configuración", "Editor"});
+  QMenu* ayuda = menuBar()->addMenu("A&yuda");
+  ayuda->setObjectName("Ayuda");
+  añade(ayuda, {"Contenido", "", "AcercaDe"});
+}
+
+void frmEditor::CreaBarra() {
+  barraH_ = addToolBar("BarraH");
+  barraH_->setObjectName("BarraH");
+  barraH_->setMovable(false);
+  struct Boton {
+    const char *clave, *tema, *signo, *ayuda;
+    QColor color;
+  };
+  const Boton botones[] = {
+      {"Nuevo", "document-new", "N", "Nuevo", QColor(70, 110, 170)},
+      {"Abrir", "document-open", "A", "Abrir", QColor(70, 110, 170)},
+      {"Guardar", "document-save", "G", "Guardar", QColor(70, 110, 170)},
+      {"Imprimir", "document-print", "I", "Imprimir", QColor(70, 110, 170)},
+      {"", "", "", "", {}},
+      {"Cortar", "edit-cut", "Cr", "Cortar", QColor(90, 140, 90)},
+      {"Copiar", "edit-copy", "Cp", "Copiar", QColor(90, 140, 90)},
+      {"Pegar", "edit-paste", "P", "Pegar", QColor(90, 140, 90)},
+      {"Eliminar", "edit-delete", "X", "Eliminar", QColor(170, 80, 70)},
+      {"", "", "", "", {}},
+      {"Deshacer", "edit-undo", "↶", "Deshacer", QColor(120, 100, 160)},
+      {"Rehacer", "edit-redo", "↷", "Rehacer", QColor(120, 100, 160)},
+      {"", "", "", "", {}},
+      {"Resolver", "", "d/dx", "Derivar", QColor(200, 120, 30)},
+      {"Ayuda", "help-contents", "?", "Ayuda", QColor(70, 110, 170)},
+  };
+  for (const Boton& b : botones) {
+    if (QString(b.clave).isEmpty()) {
+      barraH_->addSeparator();
+      continue;
+    }
+    QAction* a = barraH_->addAction(IconoBoton(b.tema, QString::fromUtf8(b.signo), b.color),
+                                    QString::fromUtf8(b.ayuda));
+    a->setObjectName(QStringLiteral("Boton") + b.clave);
+    a->setData(QString(b.clave));
+    const QString clave = b.clave;
+    connect(a, &QAction::triggered, this, [this, clave] { BotonBarra(clave); });
+  }
+}
+
+void frmEditor::CreaEstado() {
+  posCursor_ = new QLabel(this);
+  posCursor_->setObjectName("PosCursor");
+  fecha_ = new QLabel(this);
+  fecha_->setObjectName("Fecha");
+  hora_ = new QLabel(this);
+  hora_->setObjectName("Hora");
+  statusBar()->setObjectName("BarraEstado");
+  statusBar()->addWidget(posCursor_, 1);
+  statusBar()->addPermanentWidget(fecha_);
+  statusBar()->addPermanentWidget(hora_);
+}
+
+// The toolbar's buttons by key, in the order of the table of keys; an
+// unknown key does nothing.
+void frmEditor::BotonBarra(const QString& clave) {
+  if (clave == "Nuevo")
+    Nuevo();
+  else if (clave == "Abrir")
+    Abrir();
+  else if (clave == "Guardar")
+    Guardar();
+  else if (clave == "Imprimir")
+    Imprimir();
+  else if (clave == "Cortar")
+    Cortar();
+  else if (clave == "Copiar")
+    Copiar();
+  else if (clave == "Pegar")
+    Pegar();
+  else if (clave == "Eliminar")
+    Eliminar();
+  else if (clave == "Deshacer")
+    Deshacer();
+  else if (clave == "Rehacer")
+    Rehacer();
+  else if (clave == "Resolver")
+    Derivar();
+  else if (clave == "Ayuda")
+    Contenido();
+}
+
+void frmEditor::ActualizaEstado() {
+  posCursor_->setText(TextoPosicion(editor_.Doc().Cursor()));
+  const QDateTime ahora = QDateTime::currentDateTime();
+  fecha_->setText(ahora.toString("dd/MM/yyyy"));
+  hora_->setText(ahora.toString("HH:mm:ss"));
+}
+
+void frmEditor::ActualizaComandos() {
+  const Historial& h = editor_.Hist();
+  QAction* deshacer = acciones_.value("Deshacer");
+  QAction* rehacer = acciones_.value("Rehacer");
+  deshacer->setText(QString::fromStdString(h.TextoDeshacer()));
+  deshacer->setEnabled(h.PuedeDeshacer());
+  rehacer->setText(QString::fromStdString(h.TextoRehacer()));
+  rehacer->setEnabled(h.PuedeRehacer());
+  const QClipboard* portapapeles = QApplication::clipboard();
+  const QMimeData* datos = portapapeles ? portapapeles->mimeData() : nullptr;
+  const bool hayTexto = datos && datos->hasText();
+  acciones_.value("Pegar")->setEnabled(hayTexto);
+  // The toolbar buttons follow their menu commands.
+  for (QAction* b : barraH_->actions()) {
+    const QString clave = b->data().toString();
+    if (clave == "Deshacer")
+      b->setEnabled(h.PuedeDeshacer());
+    else if (clave == "Rehacer")
+      b->setEnabled(h.PuedeRehacer());
+    else if (clave == "Pegar")
+      b->setEnabled(hayTexto);
+  }
+  ActualizaSeleccion();
+}
+
+// Cortar, Copiar and Eliminar, menu items and toolbar buttons, are enabled
+// together exactly while there is a selection. The clipboard is not read
+// here, so that this can run on every cursor move.
+void frmEditor::ActualizaSeleccion() {
+  const bool haySel = editor_.Doc().HaySel();
+  for (const char* n : {"Cortar", "Copiar", "Eliminar"})
+    acciones_.value(n)->setEnabled(haySel);
+  for (QAction* b : barraH_->actions()) {
+    const QString clave = b->data().toString();
+    if (clave == "Cortar" || clave == "Copiar" || clave == "Eliminar") b->setEnabled(haySel);
+  }
+}
+
+void frmEditor::ActualizaTitulo() {
+  setWindowTitle(QString::fromStdString(archivo_.nombre) + (editor_.Modificado() ? "*" : "") +
+                 " - Mirkal");
+}
+
+void frmEditor::TrasCambio() {
+  ActualizaComandos();
+  ActualizaEstado();
+  ActualizaTitulo();
+}
+
+void frmEditor::Aplica(EfectoPresentacion efecto) {
+  switch (efecto) {
+  case EfectoPresentacion::Fuente:
+    picEdit_->AplicaFuente();
+    break;
+  case EfectoPresentacion::BarrasDesplazamiento:
+    picEdit_->AplicaBarras();
+    break;
+  case EfectoPresentacion::SoloGuardado:
+    editor_.EspTab(EspTabSegura(presentacion_.GetEspTab()));
+    break;
+  default:
+    editor_.Colores(ColorSeguro(presentacion_.GetColorLetra(), kDefColorLetra),
+                    ColorSeguro(presentacion_.GetColorPC(), kDefColorPC),
+                    ColorSeguro(presentacion_.GetColorComment(), kDefColorComment));
+    editor_.TomaCambios();
+    picEdit_->ActView();
+  }
+}
+
+// ---------------------------------------------------------------------------
+// Files
+
+bool frmEditor::PreguntaGuardar() {
+  if (!editor_.Modificado()) return true;
+  switch (Dialogos::Pregunta(this, "Archivo cargado no fue guardado. ¿Guardar ahora?")) {
+  case Dialogos::Respuesta::Si:
+    GuardarComo();
+    return !editor_.Modificado();
+  case Dialogos::Respuesta::No:
+    return true;
+  default:
+    return false;
+  }
+}
+
+void frmEditor::Nuevo() {
+  if (!PreguntaGuardar()) return;
+  NuevoDocumento(editor_, archivo_);
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Abrir() {
+  if (!PreguntaGuardar()) return;
+  const QString ruta = Dialogos::NombreAbrir(this);
+  if (!ruta.isEmpty()) AbreArchivo(ruta);
+}
+
+bool frmEditor::AbreArchivo(const QString& ruta) {
+  std::string error;
+  if (!CargaArchivo(editor_, archivo_, ruta.toStdString(), error)) {
+    Dialogos::Aviso(this, QString::fromStdString(error));
+    return false;
+  }
+  picEdit_->Actualiza();
+  return true;
+}
+
+bool frmEditor::Guardar() {
+  if (!archivo_.TieneArchivo()) return GuardarComo();
+  std::string error;
+  if (!GuardaArchivo(editor_, archivo_, archivo_.ruta, error)) {
+    Dialogos::Aviso(this, QString::fromStdString(error));
+    return false;
+  }
+  TrasCambio();
+  return true;
+}
+
+bool frmEditor::GuardarComo() {
+  const QString ruta = Dialogos::NombreGuardar(
+      this, QString::fromStdString(archivo_.TieneArchivo() ? archivo_.ruta : archivo_.nombre));
+  if (ruta.isEmpty()) return false;
+  std::string error;
+  if (!GuardaArchivo(editor_, archivo_, ruta.toStdString(), error)) {
+    Dialogos::Aviso(this, QString::fromStdString(error));
+    return false;
+  }
+  TrasCambio();
+  return true;
+}
+
+void frmEditor::Imprimir() {
+  QPrinter impresora(QPrinter::HighResolution);
+  QPrintDialog dialogo(&impresora, this);
+  dialogo.setWindowTitle("Imprimir");
+  if (dialogo.exec() == QDialog::Accepted) ImprimeEn(impresora);
+}
+
+void frmEditor::ImprimeEn(QPrinter& impresora) {
+  QPainter p;
+  if (!p.begin(&impresora)) {
+    Dialogos::Aviso(this, "No se pudo abrir la impresora.");
+    return;
+  }
+  QFont fuente;
+  fuente.setFamilies({"Courier New", "Liberation Mono", "DejaVu Sans Mono", "Monospace"});
+  fuente.setStyleHint(QFont::TypeWriter);
+  fuente.setPointSizeF(10);
+  p.setFont(fuente);
+  const QFontMetrics m(fuente, &impresora);
+  const QRect pagina = p.viewport();
+  const int alto = m.height();
+  int y = m.ascent();
+  const Documento& doc = editor_.Doc();
+  for (int f = 0; f < doc.NumFilas(); ++f) {
+    if (y > pagina.height() - m.descent()) {
+      impresora.newPage();
+      y = m.ascent();
+    }
+    p.drawText(0, y, QString::fromStdString(doc.GetTextFila(f)));
+    y += alto;
+  }
+  p.end();
+}
+
+void frmEditor::Salir() { close(); }
+
+void frmEditor::closeEvent(QCloseEvent* evento) {
+  if (PreguntaGuardar())
+    evento->accept();
+  else
+    evento->ignore();
+}
+
+// ---------------------------------------------------------------------------
+// Editing
+
+void frmEditor::Deshacer() {
+  editor_.Deshacer();
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Rehacer() {
+  editor_.Rehacer();
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Cortar() {
+  if (!editor_.EditaCmd(kCortar).hecho) return;
+  QApplication::clipboard()->setText(QString::fromStdString(editor_.CortadoCopiado()));
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Copiar() {
+  if (!editor_.Doc().HaySel()) return;
+  QApplication::clipboard()->clear();
+  QApplication::clipboard()->setText(QString::fromStdString(editor_.Doc().GetTextSel()));
+  ActualizaComandos();
+}
+
+void frmEditor::Pegar() {
+  const QString texto = QApplication::clipboard()->text();
+  if (texto.isEmpty()) return;
+  const Resultado r = editor_.EditaCmd(kPegar, texto.toStdString());
+  if (!r.aviso.empty()) Dialogos::Aviso(this, QString::fromStdString(r.aviso));
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Eliminar() {
+  editor_.EditaCmd(kEliminarSel);
+  picEdit_->Actualiza();
+}
+
+void frmEditor::SeleccionarTodo() {
+  Documento& doc = editor_.Doc();
+  const int ultima = doc.NumFilas() - 1;
+  doc.MueveCursor(ultima, doc.LongFila(ultima));
+  doc.FijaSeleccion({0, 0}, doc.Cursor());
+  picEdit_->ActView();
+  TrasCambio();
+}
+
+void frmEditor::Buscar() {
+  frmBuscar dialogo(buscador_, editor_, this);
+  connect(&dialogo, &frmBuscar::buscado, this, [this] { picEdit_->Actualiza(); });
+  dialogo.exec();
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Reemplazar() {
+  frmReemp dialogo(buscador_, editor_, this);
+  connect(&dialogo, &frmReemp::reemplazado, this, [this] { picEdit_->Actualiza(); });
+  dialogo.exec();
+  picEdit_->Actualiza();
+}
+
+void frmEditor::BuscarSiguiente() {
+  if (!buscador_.HayBusqueda()) return Buscar();
+  buscador_.BuscarSiguiente();
+  picEdit_->Actualiza();
+}
+
+// ---------------------------------------------------------------------------
+// Options and help
+
+void frmEditor::Configurar() { config_->exec(); }
+
+void frmEditor::EditorPresentacion() {
+  frmPresentar dialogo(presentacion_, this);
+  dialogo.exec();
+}
+
+void frmEditor::Derivar() { Deriva(false); }
+void frmEditor::DerivarPP() { Deriva(true); }
+
+// The derivation commands: the whole document is the equation; the outcome
+// goes at its end as one change, so that one undo takes it back.
+void frmEditor::Deriva(bool pasoAPaso) {
+  Documento& doc = editor_.Doc();
+  const int ultima = doc.NumFilas() - 1;
+  doc.QuitaSeleccion();
+  doc.MueveCursor(ultima, doc.LongFila(ultima));
+  const SalidaDerivar salida = EjecutaDerivar(doc.TextoDocumento(), config_->Config(), pasoAPaso);
+  if (salida.ErrNumber != 0) {
+    if (salida.ErrLin != -1) doc.SelectText(salida.ErrLin, salida.ErrCol, salida.ErrLen);
+    picEdit_->Actualiza();
+    Dialogos::Aviso(this, QString::fromStdString(salida.ErrDesc), NombreEjecutable());
+    return;
+  }
+  const Resultado r = editor_.EscribeTexto(salida.Texto());
+  if (!r.aviso.empty()) Dialogos::Aviso(this, QString::fromStdString(r.aviso));
+  picEdit_->Actualiza();
+}
+
+void frmEditor::Contenido(const QString& tema) {
+  if (!ayuda_) ayuda_ = new VentanaAyuda(this);
+  ayuda_->Muestra(tema);
+}
+
+void frmEditor::AcercaDe() {
+  frmAcercaDe dialogo(this);
+  dialogo.exec();
+}

@@ -1,0 +1,46 @@
+#pragma once
+// frmConfig: the derivation settings of the run. The main window owns one for
+// the whole run and opens it with exec(); the derivation commands read
+// Config(). The boxes are filled from the accepted values every time the
+// dialog is shown, so that what was typed and then cancelled is forgotten.
+
+#include <QDialog>
+#include <QString>
+
+#include "differentiation/ConfigDerivacion.h"
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+
+class frmConfig : public QDialog {
+  Q_OBJECT
+public:
+  explicit frmConfig(QWidget* padre = nullptr);
+
+  // The defaults (y, x, 5, fractions) until the dialog is first accepted.
+  const ConfigDerivacion& Config() const { return config_; }
+
+  // The boxes from the current settings; showing the dialog calls it.
+  void Abre();
+
+signals:
+  // The help button: the help window should show this topic.
+  void ayudaPedida(const QString& tema);
+
+protected:
+  void showEvent(QShowEvent* evento) override;
+
+private:
+  void Acepta();
+  QLineEdit* Caja(CampoConfig campo) const;
+
+  ConfigDerivacion config_;
+  QLineEdit* txtVD = nullptr;
+  QLineEdit* txtVI = nullptr;
+  QLineEdit* txtCRE = nullptr;
+  QCheckBox* chkFracc = nullptr;
+  QPushButton* cmdAceptar = nullptr;
+  QPushButton* cmdCancelar = nullptr;
+  QPushButton* cmdAyuda = nullptr;
+};

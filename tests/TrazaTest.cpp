@@ -1,0 +1,97 @@
+// The step-by-step trace: the equation brought to "... = 0", the expression
+// after each resolved mark with pending derivatives written D(...), the final
+// expression, and the solved derivative.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "differentiation/Derivada.h"
+
+namespace {
+
+std::vector<std::string> Traza(const std::string& ecuacion, Derivada& d) {
+  d.VarDep("y");
+  d.VarInd("x");
+  d.PasToPas(true);
+  d.Derivar(ecuacion);
+  std::vector<std::string> pasos;
+  for (int i = 1; i <= d.Pasos(); ++i)
+    pasos.push_back(d.Paso(i));
+  return pasos;
+}
+
+bool Acaba(const std::string& s, const std::string& fin) {
+  return s.size() >= fin.size() && s.compare(s.size() - fin.size(), fin.size(), fin) == 0;
+}
+
+TEST(Traza, SquareOfXLineByLine) {
+  Derivada d;
+  const std::vector<std::string> esperado = {
+      "y-(x^2) = 0 -->",
+      "D(y-(x^2)) = ",
+      "D(y)-D((x^2)) = ",
+      "dy_dx-D((x^2)) = ",
+      "dy_dx-(2*x^(2-1)*D(x)) = ",
+      "dy_dx-(2*x^(2-1)*1) = 0 -->",
+      "dy_dx = 2*x",
+  };
+  EXPECT_EQ(Traza("y = x^2", d), esperado);
+  EXPECT_EQ(d.Pasos(), 7);
+}
+
+TEST(Traza, StepsOutsideTheRangeAreEmpty) {
+  Derivada d;
+  Traza("y = x^2", d);
+  EXPECT_EQ(d.Paso(0), "");
+  EXPECT_EQ(d.Paso(-1), "");
+  EXPECT_EQ(d.Paso(d.Pasos() + 1), "");
+}
+
+TEST(Traza, NothingIsRecordedWithoutTheSwitch) {
+  Derivada d;
+  d.VarDep("y");
+  d.VarInd("x");
+  EXPECT_EQ(d.Derivar("y = x^2*Sin(x)"), "x^2*Cos(x)+2*Sin(x)*x");
+  EXPECT_EQ(d.Pasos(), 0);
+  EXPECT_EQ(d.Paso(1), "");
+}
+
+// Each line says what the next one equals: every line but the last ends in
+// " = " or " -->", the first and the one before the last end the equation
+// with " = 0 -->", and the last is the derivative found.
+TEST(Traza, EveryTraceReadsAsAChain) {
+  for (const char* e : {"y = x^2*Sin(x)", "x^2 + y^2 = 25", "y = Sec(x)/x - 3", "y = 2",
+                        "y = TgH(x^2)", "Sin(x*y) = Ln(x) + 1"}) {
+    SCOPED_TRACE(e);
+    Derivada d;
+    const std::vector<std::string> p = Traza(e, d);
+    Derivada sinPasos;
+    sinPasos.VarDep("y");
+    sinPasos.VarInd("x");
+    const std::string resultado = sinPasos.Derivar(e);
+    ASSERT_GE(p.size(), 4u);
+    EXPECT_TRUE(Acaba(p.front(), " = 0 -->")) << p.front();
+    EXPECT_TRUE(Acaba(p[p.size() - 2], " = 0 -->")) << p[p.size() - 2];
+    for (std::size_t i = 1; i + 2 < p.size(); ++i)
+      EXPECT_TRUE(Acaba(p[i], " = ")) << p[i];
+    for (std::size_t i = 1; i + 1 < p.size(); ++i)
+      EXPECT_EQ(p[i].find('@'), std::string::npos) << p[i];
+    EXPECT_EQ(p.back(), "dy_dx = " + resultado);
+  }
+}
+
+TEST(Traza, AFailedDerivationKeepsTheStepsUpToTheFailure) {
+  Derivada d;
+  const std::vector<std::string> p = Traza("x^2 = 4", d);
+  EXPECT_EQ(d.ErrNumber(), static_cast<int32_t>(0x80040003u));
+  ASSERT_FALSE(p.empty());
+  EXPECT_EQ(p.front(), "x^2-(4) = 0 -->");
+  EXPECT_TRUE(Acaba(p.back(), " = 0 -->")) << p.back();
+  Derivada malo;
+  Traza("y = x +", malo);
+  EXPECT_EQ(malo.Pasos(), 0);
+}
+
+} // namespace

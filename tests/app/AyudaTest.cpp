@@ -1,0 +1,239 @@
+// The help window and its pages: every topic the program asks for opens its
+// own page, and every message the program can be made to show is explained
+// in the page of errors. The messages are provoked from the models
+// themselves, so that a reworded message without its help fails here.
+
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTextDocument>
+#include <QTimer>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/VentanaAyuda.h"
+#include "differentiation/ConfigDerivacion.h"
+#include "differentiation/Derivada.h"
+#include "differentiation/OrdenDerivar.h"
+#include "differentiation/frmConfig.h"
+#include "editor/AlmacenAjustes.h"
+#include "editor/Buscador.h"
+#include "editor/Presentacion.h"
+#include "lang/SintaxExp.h"
+
+namespace {
+
+QString TextoDePagina(const QString& pagina) {
+  QFile archivo(VentanaAyuda::CarpetaAyuda() + "/" + pagina);
+  if (!archivo.open(QIODevice::ReadOnly)) return QString();
+  QTextDocument doc;
+  doc.setHtml(QString::fromUtf8(archivo.readAll()));
+  // Line breaks inside a paragraph are blanks to a reader.
+  return doc.toPlainText().simplified();
+}
+
+TEST(AyudaTest, CadaTemaAbreSuPagina) {
+  ASSERT_FALSE(VentanaAyuda::CarpetaAyuda().isEmpty());
+  VentanaAyuda ventana;
+  const std::vector<std::pair<QString, QString>> temas{
+      {"contenido", "index.html"}, {"lenguaje", "lenguaje.html"},
+      {"ordenes", "ordenes.html"}, {"configuracion", "configuracion.html"},
+      {"errores", "errores.html"}, {"ejemplos", "ejemplos.html"},
+      {"no-existe", "index.html"}};
+  for (const auto& [tema, pagina] : temas) {
+    ventana.Muestra(tema);
+    EXPECT_TRUE(ventana.isVisible()) << tema.toStdString();
+    EXPECT_EQ(ventana.Navegador()->source().fileName(), pagina) << tema.toStdString();
+    EXPECT_FALSE(ventana.Navegador()->documentTitle().isEmpty()) << pagina.toStdString();
+    EXPECT_GT(ventana.Navegador()->toPlainText().size(), 300) << pagina.toStdString();
+  }
+  // The contents lead to every other page.
+  QFile indice(VentanaAyuda::CarpetaAyuda() + "/index.html");
+  ASSERT_TRUE(indice.open(QIODevice::ReadOnly));
+  const QString html = QString::fromUtf8(indice.readAll());
+  for (const auto& [tema, pagina] : temas) {
+    if (pagina != "index.html") {
+      EXPECT_TRUE(html.contains("href=\"" + pagina + "\"")) << pagina.toStdString();
+    }
+  }
+}
+
+// The help button of the configuration dialog, open over the main window,
+// opens the configuration page in a help window that stays usable while the
+// dialog is open.
+TEST(AyudaTest, ElBotonAyudaDeLaConfiguracionAbreSuPagina) {
+  QWidget principal;
+  principal.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&principal));
+  auto* ayuda = new VentanaAyuda(&principal);
+  frmConfig config(&principal);
+  QObject::connect(&config, &frmConfig::ayudaPedida, ayuda, &VentanaAyuda::Muestra);
+  // The main window opens the dialog with exec(); the clicks run inside its
+  // loop, and a late timer ends the loop should they not.
+  QString pedida, trasContenido;
+  bool abierta = false;
+  QTimer::singleShot(0, &config, [&] {
+    QTest::mouseClick(config.findChild<QPushButton*>("cmdAyuda"), Qt::LeftButton);
+    pedida = ayuda->Navegador()->source().fileName();
+    QTest::mouseClick(ayuda->findChild<QPushButton*>("cmdContenido"), Qt::LeftButton);
+    trasContenido = ayuda->Navegador()->source().fileName();
+    abierta = config.isVisible();
+    config.reject();
+  });
+  QTimer::singleShot(10000, &config, &QDialog::reject);
+  config.exec();
+  EXPECT_EQ(pedida, "configuracion.html");
+  EXPECT_EQ(trasContenido, "index.html");
+  EXPECT_TRUE(abierta);
+  EXPECT_TRUE(ayuda->isVisible());
+  // Test clicks pass through modal blocking, so what keeps the help usable
+  // is checked as such: the dialog blocks only its own window hierarchy, and
+  // the help window stands outside it.
+  EXPECT_EQ(config.windowModality(), Qt::WindowModal);
+  EXPECT_EQ(ayuda->parentWidget(), nullptr);
+  EXPECT_EQ(ayuda->windowHandle()->transientParent(), nullptr);
+}
+
+TEST(AyudaTest, LosMensajesDelProgramaEstanExplicados) {
+  std::vector<std::string> mensajes;
+
+  SintaxExp sintaxis;
+  for (const char* ecuacion : {"y = ", "y x", "y = Sin x", "y = Sin(x", "y = x)"}) {
+    EXPECT_FALSE(sintaxis.SintaxEcu(ecuacion)) << ecuacion;
+    mensajes.push_back(sintaxis.ErrDesc());
+  }
+  EXPECT_FALSE(sintaxis.SintaxDes("y x"));
+  mensajes.push_back(sintaxis.ErrDesc());
+  EXPECT_FALSE(sintaxis.SintaxEcu("y = " + std::string(300, '(') + "x" + std::string(300, ')')));
+  mensajes.push_back(sintaxis.ErrDesc());
+  EXPECT_FALSE(sintaxis.SintaxEcu("y = 1e400*x"));
+  mensajes.push_back(sintaxis.ErrDesc());
+
+  for (const char* ecuacion : {"dy_dx = x", "x = 3"}) {
+    Derivada d;
+    d.Derivar(ecuacion);
+    EXPECT_NE(d.ErrNumber(), 0) << ecuacion;
+    mensajes.push_back(d.ErrDesc());
+  }
+  {
+    Derivada d;
+    d.VarDep("1a");
+    mensajes.push_back(d.ErrDesc());
+    d.VarDep("x");
+    mensajes.push_back(d.ErrDesc());
+  }
+
+  for (const auto& [cre, vd, vi] : std::vector<std::tuple<std::string, std::string, std::string>>{
+           {"301", "y", "x"}, {"5", "1y", "x"}, {"5", "y", "Y"}}) {
+    const auto fallo = CompruebaConfig(cre, vd, vi);
+    ASSERT_TRUE(fallo.has_value()) << cre << vd << vi;
+    mensajes.push_back(fallo->mensaje);
+  }
+
+  AlmacenEnMemoria almacen;
+  Presentacion p(almacen);
+  p.AlMensaje = [&](const std::string& m) { mensajes.push_back(m); };
+  p.SetEspTab(0);
+  p.SetTamFuente(5);
+  p.SetColorLetra(16);
+  p.SetColorPC(16);
+  p.SetColorLetraSel(16);
+  p.SetColorFondoSel(16);
+  p.SetColorComment(16);
+  p.SetColorFondoEditor(16);
+
+  // The derivative name as a variable: refused here, or else by the engine
+  // when the command runs, with a message of its own that is already listed.
+  if (const auto fallo = CompruebaConfig("5", "dy_dx", "x")) mensajes.push_back(fallo->mensaje);
+
+  mensajes.push_back(Buscador::kArgumentosNoValidos);
+  mensajes.push_back(Buscador::kNoEncontrado);
+  mensajes.push_back(Buscador::kPregunta);
+
+  const QString errores = TextoDePagina("errores.html");
+  ASSERT_FALSE(errores.isEmpty());
+  EXPECT_GE(mensajes.size(), 26u);
+  for (const std::string& m : mensajes) {
+    EXPECT_FALSE(m.empty());
+    EXPECT_TRUE(errores.contains(QString::fromStdString(m).simplified())) << m;
+  }
+}
+
+// The lines of a text without the blanks at their ends, "\r\n" read as "\n".
+std::vector<std::string> Lineas(QString texto) {
+  texto.replace("\r\n", "\n");
+  std::vector<std::string> lineas;
+  for (QString l : texto.split('\n')) {
+    while (l.endsWith(' '))
+      l.chop(1);
+    lineas.push_back(l.toStdString());
+  }
+  return lineas;
+}
+
+QString Atributo(const QString& atributos, const QString& nombre) {
+  const QRegularExpression re(nombre + "=\"([^\"]*)\"");
+  const auto m = re.match(atributos);
+  return m.hasMatch() ? m.captured(1) : QString();
+}
+
+// Every worked example of the help, a <pre class="ejemplo"> holding the
+// document as the user writes it followed by what the command appends to it
+// (in a <span class="escrito">), is run through the derivation command with
+// the settings its attributes name. An example of a failure holds only the
+// document and names its message.
+TEST(AyudaTest, LosEjemplosDicenLoQueEscribeElPrograma) {
+  const QDir carpeta(VentanaAyuda::CarpetaAyuda());
+  const QRegularExpression bloque(R"(<pre class="ejemplo"([^>]*)>(.*?)</pre>)",
+                                  QRegularExpression::DotMatchesEverythingOption);
+  int ejemplos = 0;
+  for (const QString& pagina : carpeta.entryList({"*.html"})) {
+    QFile archivo(carpeta.filePath(pagina));
+    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(archivo.readAll());
+    for (auto it = bloque.globalMatch(html); it.hasNext();) {
+      const auto m = it.next();
+      const QString atributos = m.captured(1);
+      QString texto = m.captured(2);
+      texto.replace("&lt;", "<").replace("&gt;", ">").replace("&amp;", "&");
+      ConfigDerivacion config;
+      if (!Atributo(atributos, "data-vd").isEmpty())
+        config.VarDep = Atributo(atributos, "data-vd").toStdString();
+      if (!Atributo(atributos, "data-vi").isEmpty())
+        config.VarInd = Atributo(atributos, "data-vi").toStdString();
+      if (!Atributo(atributos, "data-cifras").isEmpty())
+        config.CifRedExt = Atributo(atributos, "data-cifras").toInt();
+      config.OutFracc = Atributo(atributos, "data-fracciones") != "no";
+      const bool pasos = Atributo(atributos, "data-pasos") == "si";
+      const QString error = Atributo(atributos, "data-error");
+
+      const QString marca = "<span class=\"escrito\">";
+      const qsizetype escrito = texto.indexOf(marca);
+      QString documento = texto.left(escrito < 0 ? texto.size() : escrito);
+      if (documento.endsWith('\n')) documento.chop(1);
+      documento.replace("\n", "\r\n");
+      texto.remove(marca).remove("</span>");
+      const SalidaDerivar salida = EjecutaDerivar(documento.toStdString(), config, pasos);
+      const std::string donde = pagina.toStdString() + ": " + documento.toStdString();
+      if (!error.isEmpty()) {
+        EXPECT_NE(salida.ErrNumber, 0) << donde;
+        EXPECT_EQ(salida.ErrDesc, error.toStdString()) << donde;
+      } else {
+        EXPECT_EQ(salida.ErrNumber, 0) << donde << ": " << salida.ErrDesc;
+        EXPECT_GE(escrito, 0) << donde;
+        EXPECT_EQ(Lineas(documento + QString::fromStdString(salida.Texto())), Lineas(texto))
+            << donde;
+      }
+      ++ejemplos;
+    }
+  }
+  EXPECT_GE(ejemplos, 20);
+}
+
+} // namespace
