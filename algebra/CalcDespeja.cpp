@@ -10,6 +10,7 @@
 std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& var) {
   errNumber_ = 0;
   escaneos_.clear();
+  trabajo_ = 0;
   try {
     std::string numerador = SimplExp(Utf8ACp1252(exp));
     // A quotient is zero where its numerator is: the denominator is dropped.

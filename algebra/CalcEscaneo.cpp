@@ -7,6 +7,7 @@
 #include "lang/Caracteres.h"
 #include "lang/ConvierteNumero.h"
 #include "lang/Cp1252.h"
+#include "lang/Errores.h"
 
 std::string_view CalcSimbolic::Escaneo::Trozo(int t0, int t1) const {
   if (t0 >= t1)
@@ -15,6 +16,10 @@ std::string_view CalcSimbolic::Escaneo::Trozo(int t0, int t1) const {
 }
 
 CalcSimbolic::Escaneo CalcSimbolic::Escanea(std::string_view texto) {
+  // Every text examined counts against the work of one call: sums over a
+  // common denominator can stay moderate in size yet take very long.
+  trabajo_ += texto.size() + 16;
+  if (trabajo_ > kMaxTrabajo) throw ErrorMotor{kErrTextoExcesivo, kDescTextoExcesivo};
   auto [sitio, nuevo] = escaneos_.try_emplace(std::string(texto));
   if (nuevo) {
     lexS_.BufferBytes(sitio->first);

@@ -82,6 +82,7 @@ void CalcSimbolic::PuntoDec(const std::string& separador) {
 std::string CalcSimbolic::Calc(const std::string& exp) {
   errNumber_ = 0;
   escaneos_.clear();
+  trabajo_ = 0;
   try {
     return Cp1252AUtf8(SimplExp(Utf8ACp1252(exp)));
   } catch (const ErrorMotor& e) {
@@ -93,6 +94,7 @@ std::string CalcSimbolic::Calc(const std::string& exp) {
 /// iguala-cero ::= expr "=" expr fin
 bool CalcSimbolic::IguCero(std::string& ecu) {
   escaneos_.clear();
+  trabajo_ = 0;
   try {
     CargaTexto(Utf8ACp1252(ecu));
     const std::string l = Expr();

@@ -157,8 +157,9 @@ private:
                      std::string& n);
 
   std::unordered_map<std::string, std::vector<Token>> escaneos_;
-  AnaLex lexP_; // parse lexer
-  AnaLex lexS_; // scanning lexer
+  std::size_t trabajo_ = 0; // bytes scanned anew during this public call
+  AnaLex lexP_;             // parse lexer
+  AnaLex lexS_;             // scanning lexer
   int token_ = 0;
   int anidamiento_ = 0; // open parentheses and function calls of the parse
   std::int32_t errNumber_ = 0;

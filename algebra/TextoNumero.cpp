@@ -1,10 +1,14 @@
 #include "algebra/TextoNumero.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 
 std::string TextoNumero(double valor) {
   if (valor == 0) return "0";
+  // Callers check for overflow first; should one slip through, it is written
+  // as the runtime does rather than read past the digits.
+  if (!std::isfinite(valor)) return valor > 0 ? "inf" : valor < 0 ? "-inf" : "nan";
   // d.dddddddddddddde±x: the 15 significant digits, correctly rounded.
   char buf[40];
   const auto r = std::to_chars(buf, buf + sizeof buf, valor, std::chars_format::scientific, 14);

@@ -63,7 +63,8 @@ void BM_DerivarSuma(benchmark::State& estado) {
 }
 BENCHMARK(BM_DerivarSuma)
     ->RangeMultiplier(4)
-    ->Range(1, 1024)
+    ->Range(1, 256)
+    ->Arg(900)
     ->Complexity()
     ->Unit(benchmark::kMillisecond);
 

@@ -41,6 +41,11 @@ inline constexpr int kMaxAnidamientoCalc = 1000;
 // about 100 KB in well under a second.
 inline constexpr std::int32_t kErrTextoExcesivo = 7;
 inline constexpr std::size_t kMaxTexto = 256 * 1024;
+// The bytes the calculator may examine during one call before it gives up
+// with the same error: about a second of work in a Release build, far beyond
+// any typical derivation (a few kilobytes) and beyond the largest benchmarked
+// families.
+inline constexpr std::size_t kMaxTrabajo = 64 * 1024 * 1024;
 inline constexpr const char* kDescArgumento = "Argumento fuera del dominio";
 inline constexpr const char* kDescDesbordamiento = "Desbordamiento";
 inline constexpr const char* kDescDivisionCero = "División por cero";

@@ -4,8 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
+#include "EjecutaCliPrueba.h"
 
 #include <cstdio>
 #include <fstream>
@@ -15,38 +14,8 @@
 
 namespace {
 
-struct Salida {
-  int estado = -1;
-  std::string out, err;
-};
-
-std::string Comillas(const std::string& a) {
-  std::string r = "'";
-  for (char c : a)
-    r += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return r + "'";
-}
-
-// Runs the tool through the shell; standard error goes to a file of this
-// process, as tests may run side by side.
-Salida Ejecuta(const std::vector<std::string>& args) {
-  const std::string errores = testing::TempDir() + "mirkal-cli-calculo-" + std::to_string(getpid());
-  std::string orden = Comillas(MIRKAL_CLI);
-  for (const std::string& a : args)
-    orden += " " + Comillas(a);
-  Salida s;
-  FILE* tubo = popen((orden + " 2>" + Comillas(errores) + " </dev/null").c_str(), "r");
-  if (!tubo) return s;
-  char buf[4096];
-  for (std::size_t n; (n = fread(buf, 1, sizeof buf, tubo)) > 0;)
-    s.out.append(buf, n);
-  const int estado = pclose(tubo);
-  s.estado = WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
-  std::ifstream f(errores, std::ios::binary);
-  s.err.assign(std::istreambuf_iterator<char>(f), {});
-  std::remove(errores.c_str());
-  return s;
-}
+using prueba::SalidaCli;
+SalidaCli Ejecuta(const std::vector<std::string>& args) { return prueba::EjecutaCli(args); }
 
 TEST(CliCalculo, AcceptedInputsPrintTheResult) {
   const struct {
@@ -69,7 +38,7 @@ TEST(CliCalculo, AcceptedInputsPrintTheResult) {
   };
   for (const auto& c : casos) {
     SCOPED_TRACE(testing::PrintToString(c.args));
-    const Salida s = Ejecuta(c.args);
+    const SalidaCli s = Ejecuta(c.args);
     EXPECT_EQ(s.estado, 0) << s.err;
     EXPECT_EQ(s.out, c.salida);
     EXPECT_EQ(s.err, "");
@@ -95,7 +64,7 @@ TEST(CliCalculo, RefusedInputsPrintTheBareDescription) {
   };
   for (const auto& c : casos) {
     SCOPED_TRACE(testing::PrintToString(c.args));
-    const Salida s = Ejecuta(c.args);
+    const SalidaCli s = Ejecuta(c.args);
     EXPECT_EQ(s.estado, 1);
     EXPECT_EQ(s.out, "");
     EXPECT_EQ(s.err, std::string(c.error) + "\n");
@@ -114,7 +83,7 @@ TEST(CliCalculo, UsageErrorsExitWithTwo) {
       {"despejar", "--numerico", "x", "y"},
   };
   for (const auto& args : casos) {
-    const Salida s = Ejecuta(args);
+    const SalidaCli s = Ejecuta(args);
     EXPECT_EQ(s.estado, 2) << testing::PrintToString(args);
     EXPECT_EQ(s.out, "") << testing::PrintToString(args);
     EXPECT_FALSE(s.err.empty()) << testing::PrintToString(args);

@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
+#include "EjecutaCliPrueba.h"
 
 #include <cstdio>
 #include <fstream>
@@ -14,38 +13,8 @@
 
 namespace {
 
-struct Salida {
-  int estado = -1;
-  std::string out, err;
-};
-
-std::string Comillas(const std::string& a) {
-  std::string r = "'";
-  for (char c : a)
-    r += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return r + "'";
-}
-
-// Runs the tool through the shell; standard error goes to a file of this
-// process, as tests may run side by side.
-Salida Ejecuta(const std::vector<std::string>& args) {
-  const std::string errores = testing::TempDir() + "mirkal-cli-" + std::to_string(getpid());
-  std::string orden = Comillas(MIRKAL_CLI);
-  for (const std::string& a : args)
-    orden += " " + Comillas(a);
-  Salida s;
-  FILE* tubo = popen((orden + " 2>" + Comillas(errores)).c_str(), "r");
-  if (!tubo) return s;
-  char buf[4096];
-  for (std::size_t n; (n = fread(buf, 1, sizeof buf, tubo)) > 0;)
-    s.out.append(buf, n);
-  const int estado = pclose(tubo);
-  s.estado = WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
-  std::ifstream f(errores, std::ios::binary);
-  s.err.assign(std::istreambuf_iterator<char>(f), {});
-  std::remove(errores.c_str());
-  return s;
-}
+using prueba::SalidaCli;
+SalidaCli Ejecuta(const std::vector<std::string>& args) { return prueba::EjecutaCli(args); }
 
 TEST(CliSintaxis, AcceptedTextsPrintTheirNormalForm) {
   const struct {
@@ -63,7 +32,7 @@ TEST(CliSintaxis, AcceptedTextsPrintTheirNormalForm) {
   };
   for (const auto& c : casos) {
     SCOPED_TRACE(testing::PrintToString(c.args));
-    const Salida s = Ejecuta(c.args);
+    const SalidaCli s = Ejecuta(c.args);
     EXPECT_EQ(s.estado, 0) << s.err;
     EXPECT_EQ(s.out, c.salida);
     EXPECT_EQ(s.err, "");
@@ -89,7 +58,7 @@ TEST(CliSintaxis, RefusedTextsReportLineAndColumnFromOne) {
   };
   for (const auto& c : casos) {
     SCOPED_TRACE(testing::PrintToString(c.args));
-    const Salida s = Ejecuta(c.args);
+    const SalidaCli s = Ejecuta(c.args);
     EXPECT_EQ(s.estado, 1);
     EXPECT_EQ(s.out, "");
     EXPECT_EQ(s.err, std::string(c.error) + "\n");
@@ -103,18 +72,18 @@ TEST(CliSintaxis, UsageErrorsExitWithTwo) {
                                                        {"sintaxis", "--ecuacion"},
                                                        {"frobnicar", "x"}};
   for (const auto& args : casos) {
-    const Salida s = Ejecuta(args);
+    const SalidaCli s = Ejecuta(args);
     EXPECT_EQ(s.estado, 2) << testing::PrintToString(args);
     EXPECT_FALSE(s.err.empty()) << testing::PrintToString(args);
   }
 }
 
 TEST(CliSintaxis, HelpAndVersion) {
-  const Salida ayuda = Ejecuta({"--help"});
+  const SalidaCli ayuda = Ejecuta({"--help"});
   EXPECT_EQ(ayuda.estado, 0);
   EXPECT_NE(ayuda.out.find("sintaxis"), std::string::npos) << ayuda.out;
   EXPECT_NE(ayuda.out.find("--desigualdad"), std::string::npos) << ayuda.out;
-  const Salida version = Ejecuta({"--version"});
+  const SalidaCli version = Ejecuta({"--version"});
   EXPECT_EQ(version.estado, 0);
   EXPECT_NE(version.out.find(MIRKAL_VERSION), std::string::npos) << version.out;
 }

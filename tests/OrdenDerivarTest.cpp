@@ -87,7 +87,9 @@ TEST(OrdenDerivar, DialogRefusesTheseInOrder) {
       continue;
     }
     EXPECT_EQ(fallo->mensaje, c.mensaje);
-    if (c.mensaje != kDistintas) EXPECT_EQ(fallo->campo, c.campo);
+    if (c.mensaje != kDistintas) {
+      EXPECT_EQ(fallo->campo, c.campo);
+    }
   }
 }
 
