@@ -87,7 +87,12 @@ std::string FormatNum::CFr(double numerador, double denominador) {
 // The continued fraction of x, by Euclid's algorithm on its decimal form,
 // and the earliest convergent p/q with the smallest |q^2 (x - p/q)| below 1.
 std::string FormatNum::Fraccion(double x) {
-  x = IdaYVuelta(x);
+  // Near the top of the double range the 15-digit form rounds past it; such
+  // a number is whole anyway.
+  if (const double leido = IdaYVuelta(x); std::isfinite(leido))
+    x = leido;
+  else
+    return TextoNumero(x);
   if (!TieneFraccion(x)) return TextoNumero(x);
   const double d0 = std::pow(10.0, Decimales(x));
   if (!std::isfinite(d0) || !std::isfinite(x * d0)) return TextoNumero(x);

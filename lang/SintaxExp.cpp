@@ -213,10 +213,11 @@ void SintaxExp::Factor() {
 void SintaxExp::LlenaError(std::int32_t numero, const std::string& descripcion) {
   errNumber_ = numero;
   if (token_ == kFL) {
-    // Point at the end of the line on which the expression stopped.
-    const int linea = lex_.Lin();
+    // Point at the end of the line on which the expression stopped: just
+    // after its last token. A continuation " _" may lie between that token
+    // and the end of line, so the line is the restored one too.
     lex_.Restaura();
-    errLin_ = linea - 1;
+    errLin_ = lex_.Lin();
     errCol_ = lex_.Col();
     errLen_ = 0;
   } else {

@@ -11,29 +11,17 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "EjecutaCliPrueba.h"
 #include "editor/ArchivoTexto.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using C = Codificacion;
-
-std::string Lee(const std::string& ruta) {
-  std::ifstream f(ruta, std::ios::binary);
-  std::ostringstream s;
-  s << f.rdbuf();
-  return s.str();
-}
-
-void Escribe(const std::string& ruta, const std::string& bytes) {
-  std::ofstream(ruta, std::ios::binary) << bytes;
-}
 
 struct Guardado {
   bool bien;
@@ -172,10 +160,10 @@ TEST(ArchivoTextoCodec, NameIsTheTextAfterTheLastSeparator) {
 }
 
 TEST_F(ArchivoTexto, SavingOverALongerFileLeavesNoTrailingBytes) {
-  Escribe(ruta_, std::string(5000, 'z'));
+  prueba::EscribeArchivo(ruta_, std::string(5000, 'z'));
   std::string error;
   ASSERT_TRUE(GuardaBytes(ruta_, CodificaArchivo({"a", "b", "c"}, C::Ansi), error)) << error;
-  EXPECT_EQ(Lee(ruta_), "a\r\nb\r\nc");
+  EXPECT_EQ(prueba::LeeArchivo(ruta_), "a\r\nb\r\nc");
   EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
   std::string leido;
   ASSERT_TRUE(LeeArchivo(ruta_, leido, error));
@@ -195,7 +183,7 @@ TEST_F(ArchivoTexto, SavingKeepsPermissionsAndLinks) {
   fs::create_symlink("doc.txt", carpeta_ + "/enlace.txt");
   ASSERT_TRUE(GuardaBytes(carpeta_ + "/enlace.txt", "3", error)) << error;
   EXPECT_TRUE(fs::is_symlink(carpeta_ + "/enlace.txt"));
-  EXPECT_EQ(Lee(ruta_), "3");
+  EXPECT_EQ(prueba::LeeArchivo(ruta_), "3");
 }
 
 TEST_F(ArchivoTexto, WithoutWritePermissionTheOldFileStays) {
@@ -203,20 +191,20 @@ TEST_F(ArchivoTexto, WithoutWritePermissionTheOldFileStays) {
   const std::pair<int, int> casos[] = {{0555, 0666}, {0777, 0444}};
   for (const auto& [carpeta, archivo] : casos) {
     fs::permissions(carpeta_, fs::perms(0755));
-    Escribe(ruta_, "viejo");
+    prueba::EscribeArchivo(ruta_, "viejo");
     fs::permissions(ruta_, fs::perms(archivo));
     fs::permissions(carpeta_, fs::perms(carpeta));
     const auto g = GuardaSinPrivilegios(ruta_);
     if (!g) GTEST_SKIP() << "no se pudo guardar como usuario sin privilegios";
     EXPECT_FALSE(g->bien);
     EXPECT_EQ(g->error, "No se pudo guardar «doc.txt»: permiso denegado.");
-    EXPECT_EQ(Lee(ruta_), "viejo");
+    EXPECT_EQ(prueba::LeeArchivo(ruta_), "viejo");
     EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
   }
 }
 
 TEST_F(ArchivoTexto, WriteCutShortRemovesTheTemporaryAndKeepsTheOldFile) {
-  Escribe(ruta_, "viejo");
+  prueba::EscribeArchivo(ruta_, "viejo");
   // A file size limit stops the write halfway, as a full disk would.
   rlimit antes{};
   ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &antes), 0);
@@ -230,7 +218,7 @@ TEST_F(ArchivoTexto, WriteCutShortRemovesTheTemporaryAndKeepsTheOldFile) {
   signal(SIGXFSZ, senal);
   EXPECT_FALSE(bien);
   EXPECT_EQ(error, "No se pudo guardar «doc.txt»: archivo demasiado grande.");
-  EXPECT_EQ(Lee(ruta_), "viejo");
+  EXPECT_EQ(prueba::LeeArchivo(ruta_), "viejo");
   EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
 }
 

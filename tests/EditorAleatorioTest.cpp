@@ -123,7 +123,7 @@ void Desambigua(const Editor& ed, const std::string& antes, std::vector<std::str
 TEST(EditorAleatorio, SessionAgainstAReference) {
   const char* const kTeclas[] = {"a", "x", "2", "+", "(", ")", " ", "'",
                                  "á", "ñ", "Ñ", "€", "·", "_", "s", "n"};
-  const std::string kPegados[] = {"sin(x)",      "a\r\nb", "\n",    "x\ry\nz",
+  const std::string kPegados[] = {"sin(x)",      "a\r\nb", "\n",    "x\ry\nz\r\rw\n\nv",
                                   "año\r\n\r\n", "→",      "'c\r\n"};
   std::mt19937 azar(20240611);
   const auto uno = [&](int n) { return static_cast<int>(azar() % static_cast<unsigned>(n)); };

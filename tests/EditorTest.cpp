@@ -273,28 +273,6 @@ TEST(Editor, MouseClickAndDrag) {
   EXPECT_EQ(Dibujo(ed), "abc\ndef|");
 }
 
-TEST(Editor, PastingSplitsAtEveryKindOfLineBreak) {
-  // clang-format off
-  const struct { const char* antes; const char* pegado; const char* despues; } casos[] = {
-      {"ab|cd", "x\r\ny", "abx\ny|cd"},
-      {"ab|cd", "x\ny", "abx\ny|cd"},
-      {"ab|cd", "x\ry", "abx\ny|cd"},
-      {"ab|cd", "x\r\n\r\ny", "abx\n\ny|cd"},
-      {"ab|cd", "x\n\ny", "abx\n\ny|cd"},
-      {"ab|cd", "x\r\ry", "abx\n\ny|cd"},
-      {"ab|cd", "\n", "ab\n|cd"},
-      {"ab|cd", "ñ€", "abñ€|cd"},
-      {"a[bc]d", "X\nY", "aX\nY|d"},
-  };
-  // clang-format on
-  for (const auto& c : casos) {
-    SCOPED_TRACE(testing::PrintToString(c.pegado));
-    Editor ed = Con(c.antes);
-    EXPECT_TRUE(ed.EditaCmd(kPegar, c.pegado).hecho);
-    EXPECT_EQ(Dibujo(ed), c.despues);
-  }
-}
-
 TEST(Editor, RefusedInsertionsChangeNothing) {
   const std::string largo = Fila(250, 'x');
   // clang-format off

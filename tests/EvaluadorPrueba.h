@@ -1,18 +1,19 @@
 #pragma once
-// A numeric reader of the expression language, for tests only: it gives the
-// value of a derivative text at a point so that it can be compared with a
-// finite difference. It follows the language's grouping (a^b^c is (a^b)^c, a
-// leading sign binds looser than "^", an exponent may carry its own sign) and
-// gives the functions their mathematical meaning (ArcSec w = arccos(1/w)...),
-// since the derivative rules are meant to hold for those. Names of functions,
-// constants and variables are compared without regard to case.
+// A numeric reader of the expression language, for tests only, apart from the
+// program's own arithmetic so that a wrong rewriting cannot hide behind the
+// same mistake in the checking code. It follows the language's grouping (a^b^c
+// is (a^b)^c, a leading sign binds looser than "^", an exponent may carry its
+// own sign) and gives the functions their mathematical meaning (ArcSec w =
+// arccos(1/w)...). Names compare without regard to case.
 
 #include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <map>
 #include <optional>
+#include <random>
 #include <string>
 
 namespace prueba {
@@ -21,57 +22,65 @@ using Valores = std::map<std::string, long double>; // variable names in lower c
 
 class Evaluador {
 public:
-  Evaluador(const std::string& texto, const Valores& vars) : t_(texto), vars_(vars) {}
+  // With `ruido`, every operation's result is moved by that relative amount,
+  // up or down at random, as the calculator's 15-digit rounding may move it.
+  Evaluador(const std::string& texto, const Valores& vars, long double ruido = 0,
+            unsigned semilla = 1)
+      : t_(texto), vars_(vars), ruido_(ruido), azar_(semilla) {}
 
+  // Nothing when the text is not an expression or names an unknown variable;
+  // NaN when some step of it has no finite value.
   std::optional<long double> Valor() {
     const long double v = Suma();
     Blancos();
-    if (!ok_ || p_ != t_.size() || !std::isfinite(v)) return std::nullopt;
-    return v;
+    if (!ok_ || p_ != t_.size()) return std::nullopt;
+    return finito_ ? v : std::numeric_limits<long double>::quiet_NaN();
   }
 
 private:
-  static std::string Minusculas(std::string s) {
-    for (char& c : s)
-      c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return s;
-  }
+  static constexpr const char* kPunto = "\xC2\xB7"; // the middle dot, a product
   void Blancos() {
     while (p_ < t_.size() && (t_[p_] == ' ' || t_[p_] == '\t'))
       ++p_;
   }
-  bool Viene(const std::string& s) {
+  bool Viene(const char* s) {
     Blancos();
-    if (t_.compare(p_, s.size(), s) != 0) return false;
-    p_ += s.size();
+    if (t_.compare(p_, std::strlen(s), s) != 0) return false;
+    p_ += std::strlen(s);
     return true;
   }
   long double Falla() {
     ok_ = false;
     return 0;
   }
+  // IEEE infinities can come back to finite values (1/(1/0) is 0), where the
+  // program rightly refuses: any non-finite step, or one beyond the range of
+  // doubles, leaves the whole expression undefined.
+  long double Def(long double v) {
+    if (!std::isfinite(v) || std::fabs(v) > std::numeric_limits<double>::max()) finito_ = false;
+    if (ruido_ != 0) v *= 1 + (azar_() % 2 ? ruido_ : -ruido_);
+    return v;
+  }
 
-  // suma ::= termino (("+" | "-") termino)*
   long double Suma() {
     long double v = Termino();
     while (ok_) {
       if (Viene("+"))
-        v += Termino();
+        v = Def(v + Termino());
       else if (Viene("-"))
-        v -= Termino();
+        v = Def(v - Termino());
       else
         break;
     }
     return v;
   }
-  // termino ::= signado (("*" | "·" | "/") signado)*
   long double Termino() {
     long double v = Signado();
     while (ok_) {
-      if (Viene("*") || Viene("\xC2\xB7"))
-        v *= Signado();
+      if (Viene("*") || Viene(kPunto))
+        v = Def(v * Signado());
       else if (Viene("/"))
-        v /= Signado();
+        v = Def(v / Signado());
       else
         break;
     }
@@ -86,24 +95,20 @@ private:
         return neg;
     }
   }
-  // signado ::= signos potencia
   long double Signado() {
     const bool neg = Negativo();
-    const long double v = Potencia();
-    return neg ? -v : v;
-  }
-  // potencia ::= primario ("^" signos primario)*
-  long double Potencia() {
     long double v = Primario();
     while (ok_ && Viene("^")) {
-      const bool neg = Negativo();
+      const bool negExp = Negativo();
       const long double e = Primario();
-      v = std::pow(v, neg ? -e : e);
+      v = Def(std::pow(v, negExp ? -e : e));
     }
-    return v;
+    return neg ? -v : v;
   }
-  static bool Letra(unsigned char c) { return std::isalpha(c) || c >= 0x80; }
-  // primario ::= "(" suma ")" | función "(" suma ")" | número | constante | variable
+  bool Letra(std::size_t i) const {
+    const unsigned char c = static_cast<unsigned char>(t_[i]);
+    return (std::isalnum(c) || c == '_' || c >= 0x80) && t_.compare(i, 2, kPunto) != 0;
+  }
   long double Primario() {
     Blancos();
     if (Viene("(")) {
@@ -113,18 +118,17 @@ private:
     if (p_ >= t_.size()) return Falla();
     const unsigned char c = static_cast<unsigned char>(t_[p_]);
     if (std::isdigit(c) || c == '.') return Numero();
-    if (!Letra(c)) return Falla();
-    const std::size_t ini = p_;
-    while (p_ < t_.size() && (Letra(static_cast<unsigned char>(t_[p_])) ||
-                              std::isdigit(static_cast<unsigned char>(t_[p_])) || t_[p_] == '_'))
-      ++p_;
-    const std::string nombre = Minusculas(t_.substr(ini, p_ - ini));
+    if (!Letra(p_)) return Falla();
+    std::string nombre;
+    for (; p_ < t_.size() && Letra(p_); ++p_)
+      nombre += static_cast<char>(std::tolower(static_cast<unsigned char>(t_[p_])));
+    // The program's constants are these 15-digit decimals.
     if (nombre == "pi") return 3.14159265358979L;
     if (nombre == "e") return 2.71828182845905L;
-    if (const auto f = Funcion(nombre)) {
+    if (const auto f = Funciones().find(nombre); f != Funciones().end()) {
       if (!Viene("(")) return Falla();
       const long double w = Suma();
-      return Viene(")") ? (*f)(w) : Falla();
+      return Viene(")") ? Def(f->second(w)) : Falla();
     }
     const auto it = vars_.find(nombre);
     return it != vars_.end() ? it->second : Falla();
@@ -152,7 +156,7 @@ private:
   }
 
   using Fn = long double (*)(long double);
-  static std::optional<Fn> Funcion(const std::string& n) {
+  static const std::map<std::string, Fn>& Funciones() {
     static const std::map<std::string, Fn> tabla = {
         {"log", [](long double w) { return std::log10(w); }},
         {"ln", [](long double w) { return std::log(w); }},
@@ -181,21 +185,28 @@ private:
         {"arccosech", [](long double w) { return std::asinh(1 / w); }},
         {"arcctgh", [](long double w) { return std::atanh(1 / w); }},
     };
-    const auto it = tabla.find(n);
-    if (it == tabla.end()) return std::nullopt;
-    return it->second;
+    return tabla;
   }
 
   const std::string& t_;
   const Valores& vars_;
+  long double ruido_;
+  std::minstd_rand azar_;
   std::size_t p_ = 0;
-  bool ok_ = true;
+  bool ok_ = true, finito_ = true;
 };
 
-// The value of `texto` with the given variables, or nothing when the text is
-// not an expression, names an unknown variable or has no finite value there.
+// See Evaluador::Valor.
+inline std::optional<long double> Valor(const std::string& texto, const Valores& vars,
+                                        long double ruido = 0, unsigned semilla = 1) {
+  return Evaluador(texto, vars, ruido, semilla).Valor();
+}
+
+// The finite value of `texto`, or nothing when it is not an expression or has
+// no finite value there.
 inline std::optional<long double> Evalua(const std::string& texto, const Valores& vars) {
-  return Evaluador(texto, vars).Valor();
+  const auto v = Valor(texto, vars);
+  return v && !std::isnan(*v) ? v : std::nullopt;
 }
 
 } // namespace prueba

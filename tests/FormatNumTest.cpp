@@ -29,36 +29,24 @@ TEST(FormatNum, RoundingDigitsOutsideZeroToThreeHundredAreIgnored) {
 
 TEST(FormatNum, RoundsHalfAwayFromZeroOnBothSides) {
   FormatNum f;
+  // clang-format off
   const struct {
     double x;
     int n;
     double r;
   } casos[] = {
-      {2.5, 0, 3},
-      {-2.5, 0, -3},
-      {0.5, 0, 1},
-      {-0.5, 0, -1},
-      {0.49999, 0, 0},
-      {-0.49999, 0, 0},
-      {0.125, 2, 0.13},
-      {-0.125, 2, -0.13},
-      {-0.124, 2, -0.12},
-      {1.23456, 3, 1.235},
-      {-1.23456, 3, -1.235},
-      {7, 3, 7},
-      {-7, 0, -7},
-      {0, 5, 0},
-      {1e-10, 5, 0},
+      {2.5, 0, 3}, {-2.5, 0, -3}, {0.5, 0, 1}, {-0.5, 0, -1}, {0.49999, 0, 0}, {-0.49999, 0, 0},
+      {0.125, 2, 0.13}, {-0.125, 2, -0.13}, {-0.124, 2, -0.12}, {1.23456, 3, 1.235},
+      {-1.23456, 3, -1.235}, {7, 3, 7}, {-7, 0, -7}, {0, 5, 0}, {1e-10, 5, 0},
       {123456.7890123, 3, 123456.789},
       // A number of 1 or more keeps at most 14 decimal places, whatever is asked.
-      {1.000000000000004, 15, 1},
-      {1.000000000000004, 300, 1},
+      {1.000000000000004, 15, 1}, {1.000000000000004, 300, 1},
       // Below 1 all fifteen are kept.
       {0.1234567890123456, 15, 0.123456789012346},
       // x*10^n overflows: x comes back as it was.
-      {0.5, 400, 0.5},
-      {-0.7, 330, -0.7},
+      {0.5, 400, 0.5}, {-0.7, 330, -0.7},
   };
+  // clang-format on
   for (const auto& c : casos)
     EXPECT_DOUBLE_EQ(f.RedN(c.x, c.n), c.r) << c.x << " a " << c.n << " cifras";
 }

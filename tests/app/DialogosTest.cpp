@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "ControlesPrueba.h"
 #include "app/Dialogos.h"
 #include "differentiation/frmConfig.h"
 #include "editor/AlmacenAjustes.h"
@@ -24,30 +25,13 @@
 #include "editor/frmBuscar.h"
 #include "editor/frmPresentar.h"
 #include "editor/frmReemp.h"
-#include "lang/Cp1252.h"
 
 namespace {
 
-template <class T> T* Control(const QWidget& dialogo, const char* nombre) {
-  T* control = dialogo.findChild<T*>(QString::fromUtf8(nombre));
-  if (!control) ADD_FAILURE() << "no hay control " << nombre;
-  return control;
-}
-
-// Types each character as a key press carrying it; QTest::keyClicks knows
-// only ASCII.
-void Teclea(QWidget* control, const QString& texto) {
-  for (const QChar c : texto)
-    QTest::sendKeyEvent(QTest::Click, control, Qt::Key_unknown, QString(c), Qt::NoModifier);
-}
-
-void Escribe(QLineEdit* caja, const QString& texto) {
-  caja->selectAll();
-  QTest::keyClick(caja, Qt::Key_Delete);
-  Teclea(caja, texto);
-}
-
-void Pulsa(QAbstractButton* boton) { QTest::mouseClick(boton, Qt::LeftButton); }
+using prueba::Control;
+using prueba::Escribe;
+using prueba::Pulsa;
+using prueba::Teclea;
 
 // Every message box is answered here, never by a person.
 class DialogosTest : public ::testing::Test {
@@ -262,12 +246,7 @@ TEST_F(PresentarTest, CancelarNoLlamaANingunAjuste) {
 
 class BuscarTest : public DialogosTest {
 protected:
-  void Carga(const std::vector<std::string>& filas) {
-    std::vector<std::string> bytes;
-    for (const auto& f : filas)
-      bytes.push_back(Utf8ACp1252(f));
-    ed.Carga(bytes);
-  }
+  void Carga(const std::vector<std::string>& filas) { ed.Carga(prueba::FilasCp1252(filas)); }
   std::vector<std::string> Filas() const {
     std::vector<std::string> filas;
     for (int f = 0; f < ed.Doc().NumFilas(); ++f)
