@@ -1,0 +1,101 @@
+// The symbolic calculator on any text: Calc with each combination of its
+// switches and decimal separators, IguCero, and Desp_axNb for a variable
+// named by the input. A failure fills the error record and gives ""; a
+// result is an expression of the language, which the calculator reads again
+// without a syntax error.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "LectorFuzz.h"
+#include "algebra/CalcSimbolic.h"
+#include "lang/Errores.h"
+
+namespace {
+
+const std::array<const char*, 10> kVariables = {"x",    "y",  "X",   "dy_dx", "t",
+                                                "a1_b", "pi", "Sin", "",      "x y"};
+
+// Errors that say the text is not an expression: "(" or ")" or an expression
+// or the end expected. A result of the calculator never earns one.
+bool EsErrorDeSintaxis(std::int32_t n) {
+  return n == NumeroError(1) || n == NumeroError(2) || n == NumeroError(3) || n == NumeroError(5) ||
+         n == kErrAnidamiento;
+}
+
+// A result must read again as an expression, with the same switches and
+// the "." separator that results are written with.
+void Relee(const std::string& resultado, bool expNum, bool constantes, const std::string& origen) {
+  CalcSimbolic c;
+  c.CalcExpNum(expNum);
+  c.ResolveConst(constantes);
+  c.Calc(resultado);
+  EXIGE(!EsErrorDeSintaxis(c.ErrNumber()), "el resultado «" + Visible(resultado) + "» de «" +
+                                               Visible(origen) + "» no se lee: " + c.ErrDesc());
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  CuentaAvisos();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam) {
+  LectorFuzz in(datos, tam);
+  const std::uint8_t opciones = in.Byte();
+  const bool expNum = opciones & 1, constantes = opciones & 2, coma = opciones & 4;
+  const int operacion = (opciones >> 3) % 3;
+  std::string variable;
+  if (operacion == 2)
+    variable = (opciones & 128) ? in.TextoCorto(8) : kVariables[in.Byte() % kVariables.size()];
+  const std::string texto = in.Resto();
+
+  CalcSimbolic c;
+  c.CalcExpNum(expNum);
+  EXIGE(c.ResolveConst(), "CalcExpNum no activa ResolveConst");
+  c.ResolveConst(constantes);
+  c.PuntoDec(coma ? "," : ".");
+  EXIGE(c.PuntoDec() == (coma ? "," : "."), "PuntoDec no se guarda");
+  const bool expNumReal = c.CalcExpNum(), constantesReales = c.ResolveConst();
+
+  switch (operacion) {
+  case 0: {
+    const std::string r = c.Calc(texto);
+    if (c.ErrNumber() != 0) {
+      EXIGE(r.empty(), "Calc falla y devuelve «" + Visible(r) + "»");
+      EXIGE(!c.ErrDesc().empty(), "Calc falla sin descripción en «" + Visible(texto) + "»");
+      return 0;
+    }
+    EXIGE(!r.empty(), "Calc acepta «" + Visible(texto) + "» y devuelve \"\"");
+    Relee(r, expNumReal, constantesReales, texto);
+    // The same call again gives the same answer: nothing of one call leaks
+    // into the next.
+    EXIGE(c.Calc(texto) == r && c.ErrNumber() == 0,
+          "Calc no es repetible en «" + Visible(texto) + "»");
+    break;
+  }
+  case 1: {
+    std::string ecu = texto;
+    const bool ok = c.IguCero(ecu);
+    EXIGE(ok == (c.ErrNumber() == 0),
+          "IguCero y ErrNumber no concuerdan en «" + Visible(texto) + "»");
+    if (ok) Relee(ecu, expNumReal, constantesReales, texto);
+    break;
+  }
+  default: {
+    const std::string r = c.Desp_axNb(texto, variable);
+    if (c.ErrNumber() != 0) {
+      EXIGE(r.empty(), "Desp_axNb falla y devuelve «" + Visible(r) + "»");
+      EXIGE(!c.ErrDesc().empty(), "Desp_axNb falla sin descripción");
+      return 0;
+    }
+    EXIGE(!r.empty(), "Desp_axNb acepta «" + Visible(texto) + "» y devuelve \"\"");
+    Relee(r, expNumReal, constantesReales, texto);
+    break;
+  }
+  }
+  return 0;
+}

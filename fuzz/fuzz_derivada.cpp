@@ -1,0 +1,124 @@
+// The differentiation engine on any equation, for variable names taken from
+// a short list or from the input, with and without the step-by-step trace,
+// and the two derivation commands that write the result for the document.
+// Recording the steps must not change the derivative; a failure gives ""
+// with a described error; every written line is a comment.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "LectorFuzz.h"
+#include "algebra/CalcSimbolic.h"
+#include "differentiation/Derivada.h"
+#include "differentiation/OrdenDerivar.h"
+#include "lang/Caracteres.h"
+#include "lang/Cp1252.h"
+#include "lang/Errores.h"
+
+namespace {
+
+// Valid names, in several cases and with the accented letters, and names
+// the engine must refuse.
+const std::array<const char*, 16> kNombres = {
+    "x",        "y",           "t",     "s",     "X",  "Y",  "z1", "v_2",
+    "\xC3\xB1", "\xC3\xA1rea", "dy_dx", "dx_dy", "1x", "_x", "",   "x y"};
+
+std::string Nombre(LectorFuzz& in) {
+  const std::uint8_t b = in.Byte();
+  if (b & 128) return in.TextoCorto(6);
+  return kNombres[b % kNombres.size()];
+}
+
+bool Valido(const std::string& nombre) { return EsIdentificador(Utf8ACp1252(nombre)); }
+
+std::string Describe(const Derivada& d) {
+  return std::to_string(d.ErrNumber()) + " «" + d.ErrDesc() + "»";
+}
+
+// Every line the commands write after the document's own is a comment.
+void LineasComentadas(const std::string& texto, const std::string& ecuacion) {
+  std::size_t ini = 0;
+  EXIGE(texto.rfind("\r\n", 0) == 0,
+        "lo escrito no empieza en una línea nueva: «" + Visible(texto) + "»");
+  for (ini = 2; ini <= texto.size();) {
+    std::size_t fin = texto.find("\r\n", ini);
+    if (fin == std::string::npos) fin = texto.size();
+    EXIGE(fin > ini && texto[ini] == '\'', "línea escrita que no es un comentario en «" +
+                                               Visible(texto) + "» de «" + Visible(ecuacion) + "»");
+    ini = fin + 2;
+  }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  CuentaAvisos();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam) {
+  LectorFuzz in(datos, tam);
+  const std::uint8_t opciones = in.Byte();
+  const std::string dep = Nombre(in), ind = Nombre(in);
+  const int cifras = in.Byte() % 20;
+  const std::string ecuacion = in.Resto();
+
+  Derivada d;
+  // A refused name keeps the old one and says why, with no place in the text.
+  const auto fija = [&](bool dependiente, const std::string& nombre) {
+    dependiente ? d.VarDep(nombre) : d.VarInd(nombre);
+    if ((dependiente ? d.VarDep() : d.VarInd()) != nombre)
+      EXIGE(d.ErrNumber() != 0 && d.ErrLin() == -1 && !d.ErrDesc().empty(),
+            "el nombre «" + Visible(nombre) + "» se rechaza sin error");
+  };
+  fija(false, ind);
+  fija(true, dep);
+  const std::string vd = d.VarDep(), vi = d.VarInd();
+  // The pair is always valid and distinct.
+  EXIGE(Valido(vd) && Valido(vi) && EnMayusculas(Utf8ACp1252(vd)) != EnMayusculas(Utf8ACp1252(vi)),
+        "variables «" + Visible(vd) + "» y «" + Visible(vi) + "»");
+
+  const std::string r = d.Derivar(ecuacion);
+  const std::string donde = " en «" + Visible(ecuacion) + "»";
+  if (d.ErrNumber() != 0) {
+    EXIGE(r.empty(), "Derivar falla y devuelve «" + Visible(r) + "»" + donde);
+    EXIGE(!d.ErrDesc().empty(), "Derivar falla sin descripción " + Describe(d) + donde);
+  } else {
+    EXIGE(!r.empty(), "Derivar acepta y devuelve \"\"" + donde);
+    CalcSimbolic c;
+    c.Calc(r);
+    EXIGE(c.ErrNumber() != NumeroError(1) && c.ErrNumber() != NumeroError(2) &&
+              c.ErrNumber() != NumeroError(3) && c.ErrNumber() != NumeroError(5),
+          "la derivada «" + Visible(r) + "» no se lee: " + c.ErrDesc() + donde);
+  }
+
+  // The trace records steps and nothing else.
+  Derivada p;
+  p.VarInd(vi);
+  p.VarDep(vd);
+  EXIGE(p.VarDep() == vd && p.VarInd() == vi, "las mismas variables se rechazan");
+  p.PasToPas(true);
+  const std::string rp = p.Derivar(ecuacion);
+  EXIGE(rp == r && p.ErrNumber() == d.ErrNumber() && p.ErrDesc() == d.ErrDesc(),
+        "con pasos «" + Visible(rp) + "» " + Describe(p) + ", sin pasos «" + Visible(r) + "» " +
+            Describe(d) + donde);
+  if (p.ErrNumber() == 0) EXIGE(p.Pasos() >= 2, "una derivada con menos de dos pasos" + donde);
+  EXIGE(p.Paso(0).empty() && p.Paso(p.Pasos() + 1).empty(), "pasos fuera de rango");
+
+  if (opciones & 1) {
+    // The commands, as the editor runs them on the whole document.
+    ConfigDerivacion config;
+    config.VarDep = vd;
+    config.VarInd = vi;
+    config.CifRedExt = cifras;
+    config.OutFracc = opciones & 2;
+    const bool pasoAPaso = opciones & 4;
+    const SalidaDerivar s = EjecutaDerivar(ecuacion, config, pasoAPaso);
+    EXIGE(s.piezas.empty() == (s.ErrNumber != 0) && s.ErrNumber == d.ErrNumber(),
+          "la orden y el motor no concuerdan: " + std::to_string(s.ErrNumber) + donde);
+    if (s.ErrNumber == 0) LineasComentadas(s.Texto(), ecuacion);
+  }
+  return 0;
+}
