@@ -13,18 +13,24 @@ std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& v
   trabajo_ = 0;
   try {
     std::string numerador = SimplExp(Utf8ACp1252(exp));
-    // A quotient is zero where its numerator is: the denominator is dropped.
-    // The numerator is read once more, so that what the quotient kept whole,
-    // such as the negated sum of -(x*dy_dx-y)/x^2, becomes a sum of terms.
-    for (int vuelta = 0; vuelta < 3; ++vuelta) {
-      std::string_view num, den;
-      const bool fraccion = Fraccion(Escanea(numerador), num, den);
-      std::string siguiente = SimplExp(fraccion ? num : std::string_view(numerador), true);
-      if (!fraccion && siguiente == numerador) break;
-      numerador = std::move(siguiente);
-    }
+    const std::string variable = Utf8ACp1252(var);
     std::string a, b, n;
-    if (!DescomponAxNb(numerador, Utf8ACp1252(var), a, b, n)) throw ErrorMotor{NumeroError(7), ""};
+    // A quotient is zero where its numerator is: the denominator is dropped.
+    // When the numerator does not decompose, it is read once more, so that
+    // what a quotient kept whole, such as the negated sum of
+    // -(x*dy_dx-y)/x^2, becomes a sum of terms.
+    for (int vuelta = 0;; ++vuelta) {
+      if (vuelta > 8) throw ErrorMotor{NumeroError(7), ""};
+      std::string_view num, den;
+      if (Fraccion(Escanea(numerador), num, den)) {
+        numerador = SimplExp(num, true);
+        continue;
+      }
+      if (DescomponAxNb(numerador, variable, a, b, n)) break;
+      std::string otra = SimplExp(numerador, true);
+      if (vuelta >= 3 || otra == numerador) throw ErrorMotor{NumeroError(7), ""};
+      numerador = std::move(otra);
+    }
     return Cp1252AUtf8(SimplExp("(-(" + b + ")/(" + a + "))^(1/" + n + ")", true));
   } catch (const ErrorMotor& e) {
     AtrapaError(e.numero, e.descripcion);
