@@ -375,6 +375,21 @@ bool frmEditor::AbreArchivo(const QString& ruta) {
 
 bool frmEditor::Guardar() {
   if (!archivo_.TieneArchivo()) return GuardarComo();
+  // Another program changed or deleted the file since it was opened: the
+  // user decides before anything on disk is replaced.
+  if (CambiadoEnDisco(archivo_)) {
+    const QString nombre = QString::fromStdString(archivo_.nombre);
+    switch (Dialogos::Pregunta(this, "El archivo «" + nombre +
+                                         "» ha cambiado en el disco desde que se abrió o guardó. "
+                                         "¿Guardar encima los cambios del documento?")) {
+    case Dialogos::Respuesta::Si:
+      break;
+    case Dialogos::Respuesta::No:
+      return GuardarComo();
+    default:
+      return false;
+    }
+  }
   std::string error;
   if (!GuardaArchivo(editor_, archivo_, archivo_.ruta, error)) {
     Dialogos::Aviso(this, QString::fromStdString(error));

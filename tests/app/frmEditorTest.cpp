@@ -639,6 +639,32 @@ TEST_F(VentanaTest, UnGuardadoFallidoDicePorQueYConservaElDocumento) {
   EXPECT_TRUE(w.Modelo().Modificado());
 }
 
+// Another program rewrote the open file: Guardar asks before replacing it,
+// Cancel leaves the other program's bytes and the document as they are, and
+// Yes writes the document over them.
+TEST_F(VentanaTest, GuardarPreguntaSiOtroProgramaCambioElArchivo) {
+  frmEditor& w = NuevaVentana();
+  const QString ruta = Ruta("compartido.txt");
+  EscribeArchivo(ruta, "y = x");
+  ASSERT_TRUE(w.AbreArchivo(ruta));
+  QTest::keyClicks(w.Vista(), "1");
+  EscribeArchivo(ruta, "y = otra cosa, escrita por otro programa");
+  respuestas = {Dialogos::Respuesta::Cancelar};
+  EXPECT_FALSE(w.Guardar());
+  ASSERT_EQ(preguntas.size(), 1u);
+  EXPECT_NE(preguntas[0].find("ha cambiado en el disco"), std::string::npos);
+  EXPECT_EQ(Bytes(ruta), QByteArray("y = otra cosa, escrita por otro programa"));
+  EXPECT_TRUE(w.Modelo().Modificado());
+  respuestas = {Dialogos::Respuesta::Si};
+  EXPECT_TRUE(w.Guardar());
+  EXPECT_EQ(Bytes(ruta), QByteArray("1y = x"));
+  EXPECT_FALSE(w.Modelo().Modificado());
+  // Once saved, the file on disk is the document's own again: no question.
+  QTest::keyClicks(w.Vista(), "2");
+  EXPECT_TRUE(w.Guardar());
+  EXPECT_EQ(preguntas.size(), 2u);
+}
+
 TEST_F(VentanaTest, AbrirCargaElArchivoYPoneElCursorAlPrincipio) {
   frmEditor& w = NuevaVentana();
   QTest::keyClicks(w.Vista(), "ab");
