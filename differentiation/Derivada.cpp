@@ -123,12 +123,11 @@ void Derivada::Falla(int codigo) {
   errCol_ = errLen_ = 0;
 }
 
-void Derivada::VarDep(const std::string& nombre) { FijaVariable(varDep_, nombre, varInd_, true); }
-void Derivada::VarInd(const std::string& nombre) { FijaVariable(varInd_, nombre, varDep_, false); }
+void Derivada::VarDep(const std::string& nombre) { FijaVariable(varDep_, nombre, varInd_); }
+void Derivada::VarInd(const std::string& nombre) { FijaVariable(varInd_, nombre, varDep_); }
 
 void Derivada::FijaVariable(std::string& destino, const std::string& nombre,
-                            const std::string& otra, bool dependiente) {
-  (void)dependiente;
+                            const std::string& otra) {
   const std::string mayus = EnMayusculas(Utf8ACp1252(nombre));
   if (mayus == EnMayusculas(Utf8ACp1252(NombreDifer()))) return Falla(1);
   if (!EsIdentificador(Utf8ACp1252(nombre))) return Falla(2);

@@ -50,8 +50,7 @@ public:
   std::string ErrDesc() const { return errDesc_; }
 
 private:
-  void FijaVariable(std::string& destino, const std::string& nombre, const std::string& otra,
-                    bool dependiente);
+  void FijaVariable(std::string& destino, const std::string& nombre, const std::string& otra);
   std::string NombreDifer() const;
   void Falla(int codigo);
   void AgregaPaso(const std::string& texto);

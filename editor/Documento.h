@@ -76,9 +76,6 @@ public:
 
 private:
   std::size_t Indice(int fila) const { return static_cast<std::size_t>(fila); }
-  bool Valida(Posicion p) const {
-    return p.fila >= 0 && p.fila < NumFilas() && p.col >= 0 && p.col <= LongFila(p.fila);
-  }
 
   std::vector<FilaCeldas> filas_;
   Posicion cursor_, sel1_, sel2_;
