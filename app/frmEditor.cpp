@@ -373,6 +373,32 @@ bool frmEditor::AbreArchivo(const QString& ruta) {
   return true;
 }
 
+void frmEditor::RevisaDisco() {
+  const QString nombre = QString::fromStdString(archivo_.nombre);
+  switch (AvisaCambioEnDisco(archivo_)) {
+  case CambioEnDisco::Ninguno:
+    return;
+  case CambioEnDisco::Borrado:
+    Dialogos::Aviso(this, "El archivo «" + nombre +
+                              "» ya no está en el disco. El documento sigue abierto; "
+                              "Guardar lo volverá a escribir.");
+    return;
+  case CambioEnDisco::Cambiado: {
+    QString texto = "El archivo «" + nombre + "» ha cambiado en el disco. ¿Volver a cargarlo?";
+    if (editor_.Modificado()) texto += " Se perderán los cambios que no se han guardado.";
+    if (Dialogos::Pregunta(this, texto) == Dialogos::Respuesta::Si)
+      AbreArchivo(QString::fromStdString(archivo_.ruta));
+    TrasCambio();
+    return;
+  }
+  }
+}
+
+void frmEditor::changeEvent(QEvent* evento) {
+  QMainWindow::changeEvent(evento);
+  if (evento->type() == QEvent::ActivationChange && isActiveWindow()) RevisaDisco();
+}
+
 bool frmEditor::Guardar() {
   if (!archivo_.TieneArchivo()) return GuardarComo();
   // Another program changed or deleted the file since it was opened: the

@@ -50,6 +50,9 @@ public:
   bool PreguntaGuardar();
   // A toolbar button by its key ("Nuevo", ..., "Resolver", "Ayuda").
   void BotonBarra(const QString& clave);
+  // Tells the user, once, that another program changed or deleted the open
+  // file, and offers to read it again. Runs whenever the window becomes active.
+  void RevisaDisco();
 
 public slots:
   void Nuevo();
@@ -77,6 +80,7 @@ public slots:
 
 protected:
   void closeEvent(QCloseEvent* evento) override;
+  void changeEvent(QEvent* evento) override;
 
 private:
   void CreaAcciones();

@@ -4,15 +4,11 @@
 
 namespace {
 
-// The size and modification time (in nanoseconds) of a file; -1 when absent.
-void SelloDe(const std::string& ruta, long long& tamaño, long long& modificado) {
+SelloArchivo SelloDe(const std::string& ruta) {
   struct stat info {};
-  if (stat(ruta.c_str(), &info) != 0) {
-    tamaño = modificado = -1;
-    return;
-  }
-  tamaño = info.st_size;
-  modificado = static_cast<long long>(info.st_mtim.tv_sec) * 1000000000LL + info.st_mtim.tv_nsec;
+  if (stat(ruta.c_str(), &info) != 0) return {};
+  return {info.st_size,
+          static_cast<long long>(info.st_mtim.tv_sec) * 1000000000LL + info.st_mtim.tv_nsec};
 }
 
 } // namespace
@@ -24,7 +20,7 @@ bool CargaArchivo(Editor& editor, EstadoArchivo& estado, const std::string& ruta
   if (!LeeArchivo(ruta, bytes, error) || !DecodificaArchivo(bytes, contenido, error)) return false;
   editor.Carga(contenido.filas);
   estado = {ruta, NombreDocumento(ruta), contenido.codificacion};
-  SelloDe(ruta, estado.tamaño, estado.modificado);
+  estado.sello = estado.avisado = SelloDe(ruta);
   return true;
 }
 
@@ -38,16 +34,22 @@ bool GuardaArchivo(Editor& editor, EstadoArchivo& estado, const std::string& rut
   if (!GuardaBytes(ruta, CodificaArchivo(filas, estado.codificacion), error)) return false;
   estado.ruta = ruta;
   estado.nombre = NombreDocumento(ruta);
-  SelloDe(ruta, estado.tamaño, estado.modificado);
+  estado.sello = estado.avisado = SelloDe(ruta);
   editor.Modificado(false);
   return true;
 }
 
 bool CambiadoEnDisco(const EstadoArchivo& estado) {
-  if (!estado.TieneArchivo()) return false;
-  long long tamaño = 0, modificado = 0;
-  SelloDe(estado.ruta, tamaño, modificado);
-  return tamaño != estado.tamaño || modificado != estado.modificado;
+  return estado.TieneArchivo() && SelloDe(estado.ruta) != estado.sello;
+}
+
+CambioEnDisco AvisaCambioEnDisco(EstadoArchivo& estado) {
+  if (!estado.TieneArchivo()) return CambioEnDisco::Ninguno;
+  const SelloArchivo ahora = SelloDe(estado.ruta);
+  if (ahora == estado.avisado) return CambioEnDisco::Ninguno;
+  estado.avisado = ahora;
+  if (ahora == estado.sello) return CambioEnDisco::Ninguno; // changed, then put back
+  return ahora == SelloArchivo{} ? CambioEnDisco::Borrado : CambioEnDisco::Cambiado;
 }
 
 void NuevoDocumento(Editor& editor, EstadoArchivo& estado) {

@@ -10,11 +10,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "DiscoLlenoPrueba.h"
 #include "EjecutaCliPrueba.h"
 #include "editor/ArchivoTexto.h"
 
@@ -220,6 +222,22 @@ TEST_F(ArchivoTexto, WriteCutShortRemovesTheTemporaryAndKeepsTheOldFile) {
   EXPECT_EQ(error, "No se pudo guardar «doc.txt»: archivo demasiado grande.");
   EXPECT_EQ(prueba::LeeArchivo(ruta_), "viejo");
   EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
+}
+
+TEST_F(ArchivoTexto, OnAFullDiskTheOldFileStays) {
+  prueba::DiscoLleno disco;
+  const std::string motivo = disco.Monta(carpeta_);
+  if (!motivo.empty()) GTEST_SKIP() << "sin disco lleno de prueba: " << motivo;
+  const std::string ruta = disco.Carpeta() + "/doc.txt";
+  prueba::EscribeArchivo(ruta, "viejo");
+  ASSERT_TRUE(disco.Llena());
+  std::string error;
+  EXPECT_FALSE(GuardaBytes(ruta, std::string(20000, 'x'), error));
+  EXPECT_EQ(error, "No se pudo guardar «doc.txt»: disco lleno.");
+  EXPECT_EQ(prueba::LeeArchivo(ruta), "viejo");
+  std::vector<std::string> quedan = Entradas(disco.Carpeta());
+  std::sort(quedan.begin(), quedan.end());
+  EXPECT_EQ(quedan, (std::vector<std::string>{"doc.txt", "relleno"}));
 }
 
 TEST_F(ArchivoTexto, MissingFolderOrFileIsReported) {

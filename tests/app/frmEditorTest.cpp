@@ -35,6 +35,7 @@
 #include <string>
 #include <vector>
 
+#include "../DiscoLlenoPrueba.h"
 #include "ControlesPrueba.h"
 #include "app/Dialogos.h"
 #include "app/VentanaAyuda.h"
@@ -663,6 +664,76 @@ TEST_F(VentanaTest, GuardarPreguntaSiOtroProgramaCambioElArchivo) {
   QTest::keyClicks(w.Vista(), "2");
   EXPECT_TRUE(w.Guardar());
   EXPECT_EQ(preguntas.size(), 2u);
+}
+
+// A full disk: the message says so, and neither the document nor the file on
+// disk loses anything.
+TEST_F(VentanaTest, UnDiscoLlenoNoCuestaNiElDocumentoNiElArchivo) {
+  prueba::DiscoLleno disco;
+  const std::string motivo = disco.Monta(S(carpeta.path()));
+  if (!motivo.empty()) GTEST_SKIP() << "sin disco lleno de prueba: " << motivo;
+  frmEditor& w = NuevaVentana();
+  const QString ruta = QString::fromStdString(disco.Carpeta() + "/doc.txt");
+  EscribeArchivo(ruta, "y = x");
+  ASSERT_TRUE(w.AbreArchivo(ruta));
+  ASSERT_TRUE(disco.Llena());
+  QTest::keyClicks(w.Vista(), "1"); // even one byte needs a block the disk has not
+  EXPECT_FALSE(w.Guardar());
+  ASSERT_EQ(avisos.size(), 1u);
+  EXPECT_EQ(avisos[0].texto, "No se pudo guardar «doc.txt»: disco lleno.");
+  EXPECT_EQ(Texto(w), "1y = x");
+  EXPECT_TRUE(w.Modelo().Modificado());
+  EXPECT_TRUE(w.windowTitle().contains('*'));
+  EXPECT_EQ(Bytes(ruta), QByteArray("y = x"));
+  EXPECT_EQ(QDir(QString::fromStdString(disco.Carpeta())).entryList(QDir::Files),
+            QStringList({"doc.txt", "relleno"}));
+}
+
+// Coming back to the window after another program rewrote the open file, the
+// user is asked once whether to read it again; a deleted file is told once,
+// and the document stays as it is until the user says otherwise.
+TEST_F(VentanaTest, UnArchivoCambiadoOBorradoFueraSeAvisaUnaVez) {
+  frmEditor& w = NuevaVentana();
+  const QString ruta = Ruta("compartido.txt");
+  EscribeArchivo(ruta, "y = x");
+  ASSERT_TRUE(w.AbreArchivo(ruta));
+  w.RevisaDisco();
+  EXPECT_TRUE(preguntas.empty());
+
+  QTest::keyClicks(w.Vista(), "1");
+  EscribeArchivo(ruta, "y = x^2");
+  respuestas = {Dialogos::Respuesta::No};
+  w.RevisaDisco();
+  ASSERT_EQ(preguntas.size(), 1u);
+  EXPECT_EQ(preguntas[0], "El archivo «compartido.txt» ha cambiado en el disco. ¿Volver a "
+                          "cargarlo? Se perderán los cambios que no se han guardado.");
+  EXPECT_EQ(Texto(w), "1y = x");
+  EXPECT_TRUE(w.Modelo().Modificado());
+  w.RevisaDisco(); // the same change is not asked about again
+  EXPECT_EQ(preguntas.size(), 1u);
+
+  EscribeArchivo(ruta, "y = x^3");
+  respuestas = {Dialogos::Respuesta::Si};
+  w.RevisaDisco();
+  EXPECT_EQ(preguntas.size(), 2u);
+  EXPECT_EQ(Texto(w), "y = x^3");
+  EXPECT_FALSE(w.Modelo().Modificado());
+  EXPECT_FALSE(w.windowTitle().contains('*'));
+
+  QTest::keyClicks(w.Vista(), "2");
+  ASSERT_TRUE(QFile::remove(ruta));
+  w.RevisaDisco();
+  w.RevisaDisco();
+  ASSERT_EQ(avisos.size(), 1u);
+  EXPECT_EQ(avisos[0].texto, "El archivo «compartido.txt» ya no está en el disco. El documento "
+                             "sigue abierto; Guardar lo volverá a escribir.");
+  EXPECT_EQ(Texto(w), "2y = x^3");
+  EXPECT_TRUE(w.Modelo().Modificado());
+  // Guardar still asks, since the file is not what the document last saw.
+  respuestas = {Dialogos::Respuesta::Si};
+  EXPECT_TRUE(w.Guardar());
+  EXPECT_EQ(preguntas.size(), 3u);
+  EXPECT_EQ(Bytes(ruta), QByteArray("2y = x^3"));
 }
 
 TEST_F(VentanaTest, AbrirCargaElArchivoYPoneElCursorAlPrincipio) {
