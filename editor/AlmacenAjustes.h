@@ -14,6 +14,9 @@ public:
                           const std::string& porDefecto) = 0;
   virtual void Escribe(const std::string& seccion, const std::string& clave,
                        const std::string& valor) = 0;
+  // Why the store could not be read or written, in Spanish; empty while it
+  // works. A store that cannot be read answers every read with its default.
+  virtual std::string Fallo() const { return {}; }
 };
 
 class AlmacenEnMemoria : public AlmacenAjustes {

@@ -6,6 +6,21 @@ QString Clave(const std::string& seccion, const std::string& clave) {
 }
 } // namespace
 
+AlmacenAjustesQt::AlmacenAjustesQt()
+    : ajustes_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Mirkal"),
+               QStringLiteral("Mirkal")) {
+  Revisa("leer", "Se usan los valores por defecto.");
+}
+
+// Only the first failure is kept: it is the one the user has to act on.
+void AlmacenAjustesQt::Revisa(const char* accion, const char* consecuencia) {
+  if (!fallo_.empty() || ajustes_.status() == QSettings::NoError) return;
+  const char* motivo =
+      ajustes_.status() == QSettings::AccessError ? "acceso denegado" : "el archivo está dañado";
+  fallo_ = std::string("No se pudieron ") + accion + " los ajustes de presentación en «" +
+           ajustes_.fileName().toStdString() + "»: " + motivo + ". " + consecuencia;
+}
+
 std::string AlmacenAjustesQt::Lee(const std::string& seccion, const std::string& clave,
                                   const std::string& porDefecto) {
   const QVariant v = ajustes_.value(Clave(seccion, clave));
@@ -15,4 +30,6 @@ std::string AlmacenAjustesQt::Lee(const std::string& seccion, const std::string&
 void AlmacenAjustesQt::Escribe(const std::string& seccion, const std::string& clave,
                                const std::string& valor) {
   ajustes_.setValue(Clave(seccion, clave), QString::fromStdString(valor));
+  ajustes_.sync();
+  Revisa("guardar", "Los cambios valen hasta que se cierre el programa.");
 }

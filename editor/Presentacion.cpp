@@ -87,6 +87,7 @@ void Presentacion::Carga() {
       LeeNumero(almacen_.Lee(kSeccionEditor, "ScrollBars", BooleanoATexto(kDefScrollBars))) != 0.0;
   if (m_ScrollBars == kDefScrollBars) Guarda("ScrollBars", BooleanoATexto(m_ScrollBars));
   Aplica(EfectoPresentacion::BarrasDesplazamiento);
+  AvisaFalloAlmacen();
 }
 
 int Presentacion::CargaEntero(const char* claveLee, const char* claveEscribe, int porDefecto) {
@@ -176,6 +177,16 @@ bool Presentacion::FijaColor(int& campo, int valor, int comparaCon, const char* 
 
 void Presentacion::Guarda(const char* clave, const std::string& texto) {
   almacen_.Escribe(kSeccionEditor, clave, texto);
+  AvisaFalloAlmacen();
+}
+
+// A store that fails keeps failing: its message is shown once, not at every
+// setting that follows.
+void Presentacion::AvisaFalloAlmacen() {
+  const std::string fallo = almacen_.Fallo();
+  if (fallo.empty() || fallo == falloAvisado_) return;
+  falloAvisado_ = fallo;
+  Avisa(fallo);
 }
 
 void Presentacion::Avisa(const std::string& mensaje) {

@@ -60,6 +60,8 @@ public:
   // whole part ("12.7" is 12, "-3.9" is -3, beyond the int range the nearest
   // int), the scroll-bar flag is on for any non-zero number. Reports
   // Fuente, ColorTexto, Fondo and BarrasDesplazamiento as it loads them.
+  // A store that cannot be read or written says why through AlMensaje, once
+  // for each new failure, here or at the setter that meets it.
   void Carga();
 
   // Each setter refuses a value out of range (the message goes to AlMensaje),
@@ -96,10 +98,12 @@ private:
                  EfectoPresentacion efecto);
   int CargaEntero(const char* claveLee, const char* claveEscribe, int porDefecto);
   void Guarda(const char* clave, const std::string& texto);
+  void AvisaFalloAlmacen();
   void Avisa(const std::string& mensaje);
   void Aplica(EfectoPresentacion efecto);
 
   AlmacenAjustes& almacen_;
+  std::string falloAvisado_;
   int m_EspTab = kDefEspTab;
   float m_TamFuente = kDefTamFuente;
   int m_ColorLetra = kDefColorLetra;

@@ -199,6 +199,30 @@ TEST_F(PresentacionTest, BarrasDeDesplazamientoSinValidarNiComparar) {
   EXPECT_EQ(efectos, std::vector<E>(2, E::BarrasDesplazamiento));
 }
 
+// A store that stops working: its reason is told once, at the first read or
+// write that meets it, and the settings go on working for this session.
+TEST_F(PresentacionTest, UnAlmacenQueFallaSeAvisaUnaVez) {
+  struct AlmacenRoto : AlmacenEnMemoria {
+    std::string Fallo() const override { return fallo; }
+    std::string fallo;
+  } roto;
+  Presentacion q{roto};
+  Textos vistos;
+  q.AlMensaje = [&](const std::string& m) { vistos.push_back(m); };
+  q.Carga();
+  EXPECT_TRUE(vistos.empty());
+  roto.fallo = "no se pudo";
+  EXPECT_TRUE(q.SetTamFuente(12));
+  EXPECT_TRUE(q.SetEspTab(8));
+  EXPECT_EQ(vistos, Textos{"no se pudo"});
+  EXPECT_EQ(q.GetTamFuente(), 12.0f);
+  roto.fallo = "otro motivo";
+  Presentacion r{roto};
+  r.AlMensaje = q.AlMensaje;
+  r.Carga();
+  EXPECT_EQ(vistos, (Textos{"no se pudo", "otro motivo"}));
+}
+
 TEST_F(PresentacionTest, AceptarLlamaALosSetterEnOrden) {
   ValoresPresentar v{12.0f, " 8 ", 4, false, 14, 2, 3, 7};
   EXPECT_EQ(AceptaPresentar(p, v), std::nullopt);

@@ -973,4 +973,40 @@ TEST_F(AjustesQtTest, LosAjustesSobrevivenAUnReinicio) {
   EXPECT_EQ(w.Modelo().Doc().Fila(0)[0] >> 8, 5); // comments in the stored colour
 }
 
+// A settings file that cannot be read (here a folder in its place) or that
+// holds nonsense: the window starts with the defaults in force and tells why
+// once; values out of range are drawn with their defaults.
+TEST_F(AjustesQtTest, UnArchivoDeAjustesIlegibleOAbsurdoNoImpideArrancar) {
+  ASSERT_TRUE(QDir().mkpath(Archivo()));
+  {
+    AlmacenAjustesQt store;
+    frmEditor& w = NuevaVentana(store);
+    ASSERT_EQ(avisos.size(), 1u);
+    EXPECT_EQ(avisos[0].texto, "No se pudieron leer los ajustes de presentación en «" +
+                                   S(Archivo()) +
+                                   "»: acceso denegado. Se usan los valores por defecto.");
+    EXPECT_EQ(w.Ajustes().GetTamFuente(), 10.0f);
+    EXPECT_TRUE(w.Ajustes().SetTamFuente(12)); // in force until the program ends
+    EXPECT_EQ(avisos.size(), 1u);
+    QTest::keyClicks(w.Vista(), "y = x");
+    EXPECT_EQ(Texto(w), "y = x");
+    ventanas.clear();
+  }
+  ASSERT_TRUE(QDir(Archivo()).removeRecursively());
+  EscribeArchivo(Archivo(), "[Editor]\nTamFuente=99\nEspTab=-3\nColorLetra=abc\n"
+                            "ColorFondoEditor=1e99\nScrollBars=quizá\n");
+  avisos.clear();
+  AlmacenAjustesQt store;
+  frmEditor& w = NuevaVentana(store);
+  EXPECT_TRUE(avisos.empty());
+  EXPECT_EQ(w.Ajustes().GetTamFuente(), 99.0f); // kept as stored, drawn with the default
+  frmEditor& normal = NuevaVentana();
+  EXPECT_EQ(w.Vista()->RectanguloCelda(1, 1), normal.Vista()->RectanguloCelda(1, 1));
+  EXPECT_EQ(w.Ajustes().GetColorFondoEditor(), std::numeric_limits<int>::max());
+  EXPECT_EQ(FondoDelArea(w), ColorPaleta(kDefColorFondoEditor) | 0xFF000000u);
+  EXPECT_FALSE(w.Ajustes().GetScrollBars());
+  QTest::keyClick(w.Vista(), Qt::Key_Tab);
+  EXPECT_EQ(Texto(w), "    ");
+}
+
 } // namespace
