@@ -18,89 +18,78 @@
 
 namespace prueba {
 
-using Valores = std::map<std::string, long double>; // variable names in lower case
+using T = long double;
+using Valores = std::map<std::string, T>; // variable names in lower case
 
 class Evaluador {
 public:
   // With `ruido`, every operation's result is moved by that relative amount,
   // up or down at random, as the calculator's 15-digit rounding may move it.
-  Evaluador(const std::string& texto, const Valores& vars, long double ruido = 0,
-            unsigned semilla = 1)
+  Evaluador(const std::string& texto, const Valores& vars, T ruido, unsigned semilla)
       : t_(texto), vars_(vars), ruido_(ruido), azar_(semilla) {}
 
   // Nothing when the text is not an expression or names an unknown variable;
   // NaN when some step of it has no finite value.
-  std::optional<long double> Valor() {
-    const long double v = Suma();
-    Blancos();
+  std::optional<T> Valor() {
+    const T v = Suma();
+    Viene("");
     if (!ok_ || p_ != t_.size()) return std::nullopt;
-    return finito_ ? v : std::numeric_limits<long double>::quiet_NaN();
+    return finito_ ? v : std::numeric_limits<T>::quiet_NaN();
   }
 
 private:
   static constexpr const char* kPunto = "\xC2\xB7"; // the middle dot, a product
-  void Blancos() {
+  bool Viene(const char* s) {
     while (p_ < t_.size() && (t_[p_] == ' ' || t_[p_] == '\t'))
       ++p_;
-  }
-  bool Viene(const char* s) {
-    Blancos();
     if (t_.compare(p_, std::strlen(s), s) != 0) return false;
     p_ += std::strlen(s);
     return true;
   }
-  long double Falla() {
-    ok_ = false;
-    return 0;
-  }
+  T Falla() { return ok_ = false; }
   // IEEE infinities can come back to finite values (1/(1/0) is 0), where the
   // program rightly refuses: any non-finite step, or one beyond the range of
   // doubles, leaves the whole expression undefined.
-  long double Def(long double v) {
+  T Def(T v) {
     if (!std::isfinite(v) || std::fabs(v) > std::numeric_limits<double>::max()) finito_ = false;
-    if (ruido_ != 0) v *= 1 + (azar_() % 2 ? ruido_ : -ruido_);
-    return v;
+    return ruido_ != 0 ? v * (1 + (azar_() % 2 ? ruido_ : -ruido_)) : v;
   }
 
-  long double Suma() {
-    long double v = Termino();
-    while (ok_) {
+  T Suma() {
+    T v = Termino();
+    while (ok_)
       if (Viene("+"))
         v = Def(v + Termino());
       else if (Viene("-"))
         v = Def(v - Termino());
       else
         break;
-    }
     return v;
   }
-  long double Termino() {
-    long double v = Signado();
-    while (ok_) {
+  T Termino() {
+    T v = Signado();
+    while (ok_)
       if (Viene("*") || Viene(kPunto))
         v = Def(v * Signado());
       else if (Viene("/"))
         v = Def(v / Signado());
       else
         break;
-    }
     return v;
   }
   bool Negativo() {
-    bool neg = false;
-    for (;;) {
+    for (bool neg = false;;)
       if (Viene("-"))
         neg = !neg;
       else if (!Viene("+"))
         return neg;
-    }
   }
-  long double Signado() {
+  T Signado() {
     const bool neg = Negativo();
-    long double v = Primario();
+    T v = Primario();
     while (ok_ && Viene("^")) {
       const bool negExp = Negativo();
-      const long double e = Primario();
+      const T e = Primario();
       v = Def(std::pow(v, negExp ? -e : e));
     }
     return neg ? -v : v;
@@ -109,15 +98,13 @@ private:
     const unsigned char c = static_cast<unsigned char>(t_[i]);
     return (std::isalnum(c) || c == '_' || c >= 0x80) && t_.compare(i, 2, kPunto) != 0;
   }
-  long double Primario() {
-    Blancos();
+  T Primario() {
     if (Viene("(")) {
-      const long double v = Suma();
+      const T v = Suma();
       return Viene(")") ? v : Falla();
     }
     if (p_ >= t_.size()) return Falla();
-    const unsigned char c = static_cast<unsigned char>(t_[p_]);
-    if (std::isdigit(c) || c == '.') return Numero();
+    if (std::isdigit(static_cast<unsigned char>(t_[p_])) || t_[p_] == '.') return Numero();
     if (!Letra(p_)) return Falla();
     std::string nombre;
     for (; p_ < t_.size() && Letra(p_); ++p_)
@@ -127,14 +114,14 @@ private:
     if (nombre == "e") return 2.71828182845905L;
     if (const auto f = Funciones().find(nombre); f != Funciones().end()) {
       if (!Viene("(")) return Falla();
-      const long double w = Suma();
+      const T w = Suma();
       return Viene(")") ? Def(f->second(w)) : Falla();
     }
     const auto it = vars_.find(nombre);
     return it != vars_.end() ? it->second : Falla();
   }
   // Digits, an optional ".", digits, and an exponent (E or D) with its sign.
-  long double Numero() {
+  T Numero() {
     std::string s;
     auto digitos = [&] {
       while (p_ < t_.size() && std::isdigit(static_cast<unsigned char>(t_[p_])))
@@ -146,8 +133,7 @@ private:
       std::size_t q = p_ + 1;
       if (q < t_.size() && (t_[q] == '+' || t_[q] == '-')) ++q;
       if (q < t_.size() && std::isdigit(static_cast<unsigned char>(t_[q]))) {
-        s += 'e';
-        s.append(t_, p_ + 1, q - p_ - 1);
+        s += 'e' + t_.substr(p_ + 1, q - p_ - 1);
         p_ = q;
         digitos();
       }
@@ -155,56 +141,51 @@ private:
     return s == "." ? Falla() : std::strtold(s.c_str(), nullptr);
   }
 
-  using Fn = long double (*)(long double);
-  static const std::map<std::string, Fn>& Funciones() {
-    static const std::map<std::string, Fn> tabla = {
-        {"log", [](long double w) { return std::log10(w); }},
-        {"ln", [](long double w) { return std::log(w); }},
-        {"sin", [](long double w) { return std::sin(w); }},
-        {"cos", [](long double w) { return std::cos(w); }},
-        {"tg", [](long double w) { return std::tan(w); }},
-        {"sec", [](long double w) { return 1 / std::cos(w); }},
-        {"cosec", [](long double w) { return 1 / std::sin(w); }},
-        {"ctg", [](long double w) { return 1 / std::tan(w); }},
-        {"arcsin", [](long double w) { return std::asin(w); }},
-        {"arccos", [](long double w) { return std::acos(w); }},
-        {"arctg", [](long double w) { return std::atan(w); }},
-        {"arcsec", [](long double w) { return std::acos(1 / w); }},
-        {"arccosec", [](long double w) { return std::asin(1 / w); }},
-        {"arcctg", [](long double w) { return std::atan2(1.0L, w); }},
-        {"sinh", [](long double w) { return std::sinh(w); }},
-        {"cosh", [](long double w) { return std::cosh(w); }},
-        {"tgh", [](long double w) { return std::tanh(w); }},
-        {"sech", [](long double w) { return 1 / std::cosh(w); }},
-        {"cosech", [](long double w) { return 1 / std::sinh(w); }},
-        {"ctgh", [](long double w) { return 1 / std::tanh(w); }},
-        {"arcsinh", [](long double w) { return std::asinh(w); }},
-        {"arccosh", [](long double w) { return std::acosh(w); }},
-        {"arctgh", [](long double w) { return std::atanh(w); }},
-        {"arcsech", [](long double w) { return std::acosh(1 / w); }},
-        {"arccosech", [](long double w) { return std::asinh(1 / w); }},
-        {"arcctgh", [](long double w) { return std::atanh(1 / w); }},
+  static const std::map<std::string, T (*)(T)>& Funciones() {
+    // clang-format off
+    static const std::map<std::string, T (*)(T)> tabla = {
+        {"log", [](T w) { return std::log10(w); }}, {"ln", [](T w) { return std::log(w); }},
+        {"sin", [](T w) { return std::sin(w); }}, {"cos", [](T w) { return std::cos(w); }},
+        {"tg", [](T w) { return std::tan(w); }}, {"sec", [](T w) { return 1 / std::cos(w); }},
+        {"cosec", [](T w) { return 1 / std::sin(w); }},
+        {"ctg", [](T w) { return 1 / std::tan(w); }},
+        {"arcsin", [](T w) { return std::asin(w); }}, {"arccos", [](T w) { return std::acos(w); }},
+        {"arctg", [](T w) { return std::atan(w); }},
+        {"arcsec", [](T w) { return std::acos(1 / w); }},
+        {"arccosec", [](T w) { return std::asin(1 / w); }},
+        {"arcctg", [](T w) { return std::atan2(1.0L, w); }},
+        {"sinh", [](T w) { return std::sinh(w); }}, {"cosh", [](T w) { return std::cosh(w); }},
+        {"tgh", [](T w) { return std::tanh(w); }}, {"sech", [](T w) { return 1 / std::cosh(w); }},
+        {"cosech", [](T w) { return 1 / std::sinh(w); }},
+        {"ctgh", [](T w) { return 1 / std::tanh(w); }},
+        {"arcsinh", [](T w) { return std::asinh(w); }},
+        {"arccosh", [](T w) { return std::acosh(w); }},
+        {"arctgh", [](T w) { return std::atanh(w); }},
+        {"arcsech", [](T w) { return std::acosh(1 / w); }},
+        {"arccosech", [](T w) { return std::asinh(1 / w); }},
+        {"arcctgh", [](T w) { return std::atanh(1 / w); }},
     };
+    // clang-format on
     return tabla;
   }
 
   const std::string& t_;
   const Valores& vars_;
-  long double ruido_;
+  T ruido_;
   std::minstd_rand azar_;
   std::size_t p_ = 0;
   bool ok_ = true, finito_ = true;
 };
 
 // See Evaluador::Valor.
-inline std::optional<long double> Valor(const std::string& texto, const Valores& vars,
-                                        long double ruido = 0, unsigned semilla = 1) {
+inline std::optional<T> Valor(const std::string& texto, const Valores& vars, T ruido = 0,
+                              unsigned semilla = 1) {
   return Evaluador(texto, vars, ruido, semilla).Valor();
 }
 
 // The finite value of `texto`, or nothing when it is not an expression or has
 // no finite value there.
-inline std::optional<long double> Evalua(const std::string& texto, const Valores& vars) {
+inline std::optional<T> Evalua(const std::string& texto, const Valores& vars) {
   const auto v = Valor(texto, vars);
   return v && !std::isnan(*v) ? v : std::nullopt;
 }
