@@ -107,4 +107,33 @@ BENCHMARK(BM_DerivarCocientes)
     ->Complexity()
     ->Unit(benchmark::kMillisecond);
 
+// The worst families against the bounds of one derivation: a long sum of x
+// (the rewriting loop's copy bound), a sum of k*x^2 asked for step by step
+// (the steps' bound) and a nest of quotients (the calculator's text bound).
+// Each stops with code 5; the time is what a user waits for that message.
+void BM_DerivarHastaElLimite(benchmark::State& estado) {
+  std::string e;
+  const int n = static_cast<int>(estado.range(0));
+  Derivada d = Motor();
+  if (n == 0) {
+    e = "y = x";
+    for (int i = 1; i < 20000; ++i)
+      e += "+x";
+  } else if (n == 1) {
+    e = "y = 1*x^2";
+    for (int k = 2; k < 990; ++k)
+      e += "+" + std::to_string(k) + "*x^2";
+    d.PasToPas(true);
+  } else {
+    e = "x";
+    for (int i = 0; i < 64; ++i)
+      e = "1/(x + " + e + ")";
+    e = "y = " + e;
+  }
+  for (auto _ : estado)
+    d.Derivar(e);
+  estado.counters["error"] = d.ErrNumber() != 0;
+}
+BENCHMARK(BM_DerivarHastaElLimite)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
+
 } // namespace

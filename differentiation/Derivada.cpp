@@ -139,7 +139,11 @@ std::string Derivada::Paso(int i) const {
   return i >= 1 && i <= Pasos() ? pasos_[static_cast<std::size_t>(i - 1)] : "";
 }
 
-void Derivada::AgregaPaso(const std::string& texto) { pasos_.push_back(Cp1252AUtf8(texto)); }
+void Derivada::AgregaPaso(const std::string& texto) {
+  tamPasos_ += texto.size();
+  if (tamPasos_ > kMaxPasosDerivada) throw Fallo{5};
+  pasos_.push_back(Cp1252AUtf8(texto));
+}
 
 std::string Derivada::Derivar(const std::string& ecuacion) {
   errNumber_ = 0;
@@ -147,6 +151,7 @@ std::string Derivada::Derivar(const std::string& ecuacion) {
   errLin_ = -1;
   errCol_ = errLen_ = 0;
   pasos_.clear();
+  tamPasos_ = 0;
   depMayus_ = EnMayusculas(Utf8ACp1252(varDep_));
   indMayus_ = EnMayusculas(Utf8ACp1252(varInd_));
   if (!sintaxis_) sintaxis_ = std::make_unique<SintaxExp>();
@@ -174,6 +179,7 @@ std::string Derivada::Derivar(const std::string& ecuacion) {
       ReemplazaTodo(paso, ")@", "");
       AgregaPaso(paso + " -->");
     }
+    std::size_t copiado = 0;
     for (std::size_t p1 = w.find('@'); p1 != std::string::npos; p1 = w.find('@')) {
       if (pasToPas_) {
         std::string paso = w;
@@ -187,6 +193,8 @@ std::string Derivada::Derivar(const std::string& ecuacion) {
       const std::string d = ResuelveNivel(std::string(SinParentesis(interior)));
       w = w.substr(0, p1) + d + w.substr(p2 + 1);
       if (w.size() > kMaxTexto) throw Fallo{5};
+      copiado += w.size();
+      if (copiado > kMaxTrabajoDerivada) throw Fallo{5};
     }
     if (pasToPas_) AgregaPaso(std::string(SinParentesis(w)) + " = 0 -->");
 

@@ -62,6 +62,7 @@ private:
   std::string depMayus_, indMayus_; // the names as the rules compare them, set by Derivar
   bool pasToPas_ = false;
   std::vector<std::string> pasos_;
+  std::size_t tamPasos_ = 0; // bytes of the steps so far
   std::unique_ptr<CalcSimbolic> calc_;
   std::unique_ptr<SintaxExp> sintaxis_;
   std::int32_t errNumber_ = 0;

@@ -46,6 +46,15 @@ inline constexpr std::size_t kMaxTexto = 256 * 1024;
 // any typical derivation (a few kilobytes) and beyond the largest benchmarked
 // families.
 inline constexpr std::size_t kMaxTrabajo = 64 * 1024 * 1024;
+// One derivation's own bounds, before the final solving. The bytes its
+// rewriting loop may copy: every pass copies, and scans, the whole working
+// text, so a sum of ten thousand terms would take seconds; the largest
+// benchmarked derivations copy about 110 MB, and this bound is reached in
+// well under a second. The bytes it may keep as steps: step by step, each
+// pass keeps a copy of the working text, and without a bound a sum of a few
+// hundred products would keep hundreds of megabytes.
+inline constexpr std::size_t kMaxTrabajoDerivada = 128 * 1024 * 1024;
+inline constexpr std::size_t kMaxPasosDerivada = 32 * 1024 * 1024;
 inline constexpr const char* kDescArgumento = "Argumento fuera del dominio";
 inline constexpr const char* kDescDesbordamiento = "Desbordamiento";
 inline constexpr const char* kDescDivisionCero = "División por cero";
