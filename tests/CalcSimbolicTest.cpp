@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "algebra/CalcSimbolic.h"
@@ -38,19 +37,10 @@ void Comprueba(Modo modo, std::span<const Caso> casos) {
   }
 }
 
-TEST(CalcSimbolic, FreshInstanceSettings) {
-  CalcSimbolic c;
-  EXPECT_FALSE(c.CalcExpNum());
-  EXPECT_FALSE(c.ResolveConst());
-  EXPECT_EQ(c.PuntoDec(), ".");
-  EXPECT_EQ(c.CifRedInt(), 10);
-  EXPECT_EQ(c.ErrNumber(), 0);
-  EXPECT_EQ(c.ErrDesc(), "");
-}
-
-TEST(CalcSimbolic, GrammarAndEvaluationOrder) {
+TEST(CalcSimbolic, SymbolicResults) {
   // clang-format off
-  const Caso simbolicos[] = {
+  const Caso casos[] = {
+      // Grammar and evaluation order.
       {"x+y", "x+y"}, {"a-b-c", "a-b-c"}, // (a-b)-c
       {"a-(b-c)", "a-b+c"}, {"1+2*3", "7"}, {"2*(3+x)", "6+2*x"}, {"((x))", "x"},
       {"x^2^3", "x^6"}, // (x^2)^3
@@ -62,48 +52,19 @@ TEST(CalcSimbolic, GrammarAndEvaluationOrder) {
       {"2*-3", "-6"}, {"-x*-y", "x*y"},
       {"x·y", "x*y"}, // the middle dot is a second spelling of "*"
       {"x+1 ' a comment", "x+1"}, {"x + _\r\n1", "x+1"}, // a continued line
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-}
-
-TEST(CalcSimbolic, NumbersAreWrittenBackInTheNumberFormat) {
-  // clang-format off
-  const Caso simbolicos[] = {
+      // Numbers are written back in the one number format.
       {"0.50", ".5"}, {"007", "7"}, {"1e3", "1000"}, {"7D2", "700"}, {"1.5E-3", ".0015"},
       {".1+.2", ".3"}, {".1+.2-.3", "0"}, // cancelled to within rounding
       {"1E20+1E20", "2E+20"},
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-}
-
-TEST(CalcSimbolic, LikeTermsMergeAndFactorsCollect) {
-  // clang-format off
-  const Caso simbolicos[] = {
-      {"x+x", "2*x"}, {"x-x", "0"}, {"X-x", "0"}, // names compare without regard to case
-      {"x-2*x", "-x"}, {"3*x+2*y-x", "2*x+2*y"}, {"x*y+y*x", "2*x*y"}, {"x*x", "x^2"},
-      {"x*x^2", "x^3"}, {"x^2*x^-2", "1"}, {"2*x*3", "6*x"}, {"x*2", "2*x"}, {"x*y*2*x", "2*x^2*y"},
-      {"x*0", "0"}, {"-(-x+y)", "x-y"}, {"-(x*y)", "-x*y"},
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-}
-
-TEST(CalcSimbolic, ProductsOfSumsAreExpanded) {
-  // clang-format off
-  const Caso simbolicos[] = {
+      // Like terms merge and factors collect; names compare without regard to case.
+      {"x+x", "2*x"}, {"x-x", "0"}, {"X-x", "0"}, {"x-2*x", "-x"}, {"3*x+2*y-x", "2*x+2*y"},
+      {"x*y+y*x", "2*x*y"}, {"x*x", "x^2"}, {"x*x^2", "x^3"}, {"x^2*x^-2", "1"}, {"2*x*3", "6*x"},
+      {"x*2", "2*x"}, {"x*y*2*x", "2*x^2*y"}, {"x*0", "0"}, {"-(-x+y)", "x-y"}, {"-(x*y)", "-x*y"},
+      // Products of sums are expanded.
       {"(x+1)*(x-1)", "x^2-1"}, {"(x+1)*(x+1)", "x^2+2*x+1"}, {"(a+b)*(c+d)", "a*c+a*d+b*c+b*d"},
       {"(x-y)*(x+y)", "x^2-y^2"}, {"-(x+1)*2", "-2*x-2"},
       {"x*x/x", "x^2/x"}, // no cancellation beyond equality
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-}
-
-TEST(CalcSimbolic, QuotientRulesInOrder) {
-  // clang-format off
-  const Caso simbolicos[] = {
+      // Quotients, rule by rule.
       {"x/1", "x"}, {"x/-1", "-x"}, {"0/x", "0"},
       {"6/3", "6/3"}, // numbers divide only with CalcExpNum
       {"x/x", "1"}, {"X/x", "1"}, {"(x+y)/(y+x)", "1"}, {"x/(0-x)", "-1"}, {"(x-y)/(y-x)", "-1"},
@@ -111,31 +72,10 @@ TEST(CalcSimbolic, QuotientRulesInOrder) {
       {"x/(2*y)", "x/(2*y)"}, {"x/y^2", "x/(y^2)"}, {"x/-y", "x/-y"}, {"x/2+x/2", "2*x/2"},
       {"a/b*c", "a*c/b"}, {"a*(b/c)", "a*b/c"}, {"(a/b)*(c/d)", "a*c/(b*d)"}, {"a/(b/c)", "a*c/b"},
       {"(a/b)/c", "a/(b*c)"}, {"(a/b)/(c/d)", "a*d/(b*c)"},
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-  // clang-format off
-  const Caso numericos[] = {
-      {"6/3", "2"}, {"1/3", ".333333333333333"}, {"2/3", ".666666666666667"}, {"x/4", ".25*x"},
-      {"x/(2*4)", ".125*x"}, {"(x+y)/2", ".5*x+.5*y"},
-  };
-  // clang-format on
-  Comprueba(kNumerico, numericos);
-}
-
-TEST(CalcSimbolic, SumsShareOneDenominator) {
-  // clang-format off
-  const Caso simbolicos[] = {
+      // Sums share one denominator.
       {"1/x+1/y", "(y+x)/(x*y)"}, {"1/x-1/y", "(y-x)/(x*y)"}, {"1/x+1/x", "2/x"}, {"1/x-1/x", "0"},
       {"x+1/x", "(x^2+1)/x"}, {"1/x+x", "(1+x^2)/x"}, {"x-1/x", "(x^2-1)/x"},
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-}
-
-TEST(CalcSimbolic, PowerRulesInOrder) {
-  // clang-format off
-  const Caso simbolicos[] = {
+      // Powers, rule by rule.
       {"x^0", "1"}, {"0^0", "1"}, {"x^1", "x"}, {"0^x", "0"}, {"1^x", "1"},
       {"2^3", "8"}, // numbers raise without CalcExpNum
       {"2^.5", "1.4142135623731"}, {"2^-2", "2^-2"}, // "-2" is not a plain number
@@ -147,21 +87,18 @@ TEST(CalcSimbolic, PowerRulesInOrder) {
       {"x^(a-b)", "x^(a-b)"}, {"(x+1)^2", "(x+1)^2"}, {"(2*x)^2", "(2*x)^2"}, {"(-x)^2", "(-x)^2"},
       {"(x/y)^2", "(x/y)^2"}, {"(x^2/y)^3", "(x^2/y)^3"}, // a base holding "/" is kept whole
       {"Sin(x)^2", "Sin(x)^2"},
+      // Constants as written; functions of numbers stay unevaluated.
+      {"pi", "pi"}, {"PI", "PI"}, {"e", "e"}, {"pi+pi", "2*pi"}, {"Pi*pI", "Pi^2"}, {"2*e", "2*e"},
+      {"Ln(e)", "1"}, {"Ln(E)", "1"}, {"Sin(0)", "Sin(0)"}, {"Sin(1+1)", "Sin(2)"},
+      {"sin(x)", "sin(x)"}, {"Cos(x-x)", "Cos(0)"}, {"Ln(2*x+x)", "Ln(3*x)"},
   };
   // clang-format on
-  Comprueba(kSimbolico, simbolicos);
+  Comprueba(kSimbolico, casos);
 }
 
-TEST(CalcSimbolic, ConstantsAsWrittenOrResolved) {
+TEST(CalcSimbolic, ResolvedConstants) {
   // clang-format off
-  const Caso simbolicos[] = {
-      {"pi", "pi"}, {"PI", "PI"}, {"e", "e"}, {"pi+pi", "2*pi"}, {"Pi*pI", "Pi^2"}, {"2*e", "2*e"},
-      {"Ln(e)", "1"}, {"Ln(E)", "1"},
-  };
-  // clang-format on
-  Comprueba(kSimbolico, simbolicos);
-  // clang-format off
-  const Caso resueltos[] = {
+  const Caso casos[] = {
       {"pi", "3.14159265358979"}, {"PI", "3.14159265358979"}, {"e", "2.71828182845905"},
       {"E", "2.71828182845905"}, {"2*pi", "6.28318530717958"}, {"pi/2", "3.14159265358979/2"},
       {"Sin(pi)", "Sin(3.14159265358979)"},
@@ -170,19 +107,16 @@ TEST(CalcSimbolic, ConstantsAsWrittenOrResolved) {
       {"Ln(e)", "Ln(2.71828182845905)"}, {"x*pi-pi*x", "0"},
   };
   // clang-format on
-  Comprueba(kConstantes, resueltos);
+  Comprueba(kConstantes, casos);
 }
 
-TEST(CalcSimbolic, FunctionsOfPlainNumbersWithNumericEvaluation) {
-  const Caso simbolicos[] = {
-      {"Sin(0)", "Sin(0)"},   {"Sin(1+1)", "Sin(2)"},   {"sin(x)", "sin(x)"},
-      {"Cos(x-x)", "Cos(0)"}, {"Ln(2*x+x)", "Ln(3*x)"},
-  };
-  Comprueba(kSimbolico, simbolicos);
-  // The composite formulas are evaluated as written, so ArcSec, ArcCosec and
-  // ArcCtg keep their historical branch, not the textbook one.
+// The composite formulas are evaluated as written, so ArcSec, ArcCosec and
+// ArcCtg keep their historical branch, not the textbook one.
+TEST(CalcSimbolic, NumericEvaluation) {
   // clang-format off
-  const Caso numericos[] = {
+  const Caso casos[] = {
+      {"6/3", "2"}, {"1/3", ".333333333333333"}, {"2/3", ".666666666666667"}, {"x/4", ".25*x"},
+      {"x/(2*4)", ".125*x"}, {"(x+y)/2", ".5*x+.5*y"},
       {"Sin(0)", "0"}, {"Sin(-1)", "Sin(-1)"}, // "-1" is not a plain number
       {"ArcCos(-1)", "ArcCos(-1)"}, {"Sin(x)", "Sin(x)"}, {"Sin(1+1)", ".909297426825682"},
       {"Cos(0)", "1"}, {"Tg(0)", "0"}, {"Sec(0)", "1"}, {"Ln(1)", "0"}, {"Ln(e)", "1"},
@@ -195,73 +129,42 @@ TEST(CalcSimbolic, FunctionsOfPlainNumbersWithNumericEvaluation) {
       {"ArcTgH(.5)", ".549306144334055"}, {"ArcCtgH(3)", ".346573590279973"}, {"2*Cos(0)+x", "2+x"},
   };
   // clang-format on
-  Comprueba(kNumerico, numericos);
+  Comprueba(kNumerico, casos);
 }
 
-TEST(CalcSimbolic, NumericEvaluationSwitchesConstantsOnForGood) {
+// Setting CalcExpNum, to either value, switches ResolveConst on; the
+// constants can still be kept afterwards.
+TEST(CalcSimbolic, NumericEvaluationSwitchesConstantsOn) {
   CalcSimbolic c;
   c.CalcExpNum(false);
-  EXPECT_FALSE(c.CalcExpNum());
-  EXPECT_TRUE(c.ResolveConst()); // even switching it off resolves constants
   EXPECT_EQ(c.Calc("pi"), "3.14159265358979");
   EXPECT_EQ(c.Calc("6/3"), "6/3");
-
-  CalcSimbolic d;
-  d.CalcExpNum(true);
-  EXPECT_TRUE(d.ResolveConst());
-  d.ResolveConst(false); // the constants can still be kept afterwards
-  EXPECT_TRUE(d.CalcExpNum());
-  EXPECT_EQ(d.Calc("pi"), "pi");
-  EXPECT_EQ(d.Calc("Sin(0)+pi"), "pi");
-  d.CalcExpNum(false);
-  EXPECT_TRUE(d.ResolveConst());
+  c.CalcExpNum(true);
+  c.ResolveConst(false);
+  EXPECT_EQ(c.Calc("Sin(0)+pi"), "pi");
 }
 
-TEST(CalcSimbolic, CommaSeparatorReadsNumbersButResultsUsePoint) {
+// The separator is that of the input; results always use the point. A
+// refused one is warned of and leaves the old one in force.
+TEST(CalcSimbolic, DecimalSeparatorOfTheInput) {
+  std::vector<std::string> avisos;
+  FijaManejadorAviso([&](const std::string& origen, const std::string& texto) {
+    avisos.push_back(origen + "|" + texto);
+  });
   CalcSimbolic c;
   c.PuntoDec(",");
+  for (const char* malo : {";", "", ".."})
+    c.PuntoDec(malo);
+  FijaManejadorAviso(nullptr);
+  EXPECT_EQ(avisos,
+            std::vector<std::string>(
+                3, ".CalcSimbolic|El separador decimal sólo puede ser el punto o la coma."));
   EXPECT_EQ(c.PuntoDec(), ",");
-  EXPECT_EQ(c.Calc("1,5"), "1.5");
   EXPECT_EQ(c.Calc("1,5*x+0,25*x"), "1.75*x");
   EXPECT_EQ(c.Calc("1.5"), "");
   EXPECT_EQ(c.ErrNumber(), NumeroError(5)); // "1", then an unknown "."
   c.PuntoDec(".");
   EXPECT_EQ(c.Calc("1.5"), "1.5");
-}
-
-TEST(CalcSimbolic, RefusedSeparatorWarnsAndKeepsTheOldOne) {
-  std::vector<std::pair<std::string, std::string>> avisos;
-  FijaManejadorAviso([&](const std::string& origen, const std::string& texto) {
-    avisos.emplace_back(origen, texto);
-  });
-  CalcSimbolic c;
-  c.PuntoDec(",");
-  for (const char* malo : {";", "", "..", " ", "x"})
-    c.PuntoDec(malo);
-  c.PuntoDec(".");
-  FijaManejadorAviso(nullptr);
-  ASSERT_EQ(avisos.size(), 5u);
-  for (const auto& [origen, texto] : avisos) {
-    EXPECT_EQ(origen, ".CalcSimbolic");
-    EXPECT_EQ(texto, "El separador decimal sólo puede ser el punto o la coma.");
-  }
-  EXPECT_EQ(c.PuntoDec(), ".");
-
-  CalcSimbolic d;
-  FijaManejadorAviso([](const std::string&, const std::string&) {});
-  d.PuntoDec(",");
-  d.PuntoDec(";");
-  FijaManejadorAviso(nullptr);
-  EXPECT_EQ(d.PuntoDec(), ","); // the refused value left the comma in force
-  EXPECT_EQ(d.Calc("2,5"), "2.5");
-}
-
-TEST(CalcSimbolic, RoundingDigitsAreOnlyStored) {
-  CalcSimbolic c;
-  c.CifRedInt(3);
-  EXPECT_EQ(c.CifRedInt(), 3);
-  c.CalcExpNum(true);
-  EXPECT_EQ(c.Calc("1/3"), ".333333333333333");
 }
 
 struct Error {
@@ -391,27 +294,23 @@ TEST(CalcSimbolic, IguCeroHasAReducedTrap) {
 }
 
 TEST(CalcSimbolic, DespAxNbSolvesLinearAndPurePowerForms) {
+  // clang-format off
   const struct {
-    const char* exp;
-    const char* var;
+    const char *exp, *var;
     Modo modo;
     const char* solucion;
   } casos[] = {
       {"2*dy_dx+3*x", "dy_dx", kSimbolico, "-3*x/2"},
       {"(dy_dx-1)/x", "dy_dx", kSimbolico, "1"}, // the denominator is dropped
-      {"dy_dx-1", "DY_DX", kSimbolico, "1"},
-      {"DY_DX*x-1", "dy_dx", kSimbolico, "1/x"},
-      {"dy_dx", "dy_dx", kSimbolico, "0"},
-      {"-dy_dx+3", "dy_dx", kSimbolico, "3"},
-      {"3-dy_dx", "dy_dx", kSimbolico, "3"},
-      {"x*dy_dx+y*dy_dx-1", "dy_dx", kSimbolico, "1/(x+y)"},
+      {"dy_dx-1", "DY_DX", kSimbolico, "1"}, {"DY_DX*x-1", "dy_dx", kSimbolico, "1/x"},
+      {"dy_dx", "dy_dx", kSimbolico, "0"}, {"-dy_dx+3", "dy_dx", kSimbolico, "3"},
+      {"3-dy_dx", "dy_dx", kSimbolico, "3"}, {"x*dy_dx+y*dy_dx-1", "dy_dx", kSimbolico, "1/(x+y)"},
       {"dy_dx*x^2+2*x*y", "dy_dx", kSimbolico, "-2*x*y/(x^2)"},
       {"dy_dx^2-4", "dy_dx", kSimbolico, "4^(1/2)"},
-      {"y*dy_dx^-1-2", "dy_dx", kSimbolico, "(2/y)^-1"},
-      {"dy_dx^2-4", "dy_dx", kNumerico, "2"},
-      {"2*dy_dx-1", "dy_dx", kNumerico, ".5"},
-      {"x*y-3", "y", kSimbolico, "3/x"},
+      {"y*dy_dx^-1-2", "dy_dx", kSimbolico, "(2/y)^-1"}, {"dy_dx^2-4", "dy_dx", kNumerico, "2"},
+      {"2*dy_dx-1", "dy_dx", kNumerico, ".5"}, {"x*y-3", "y", kSimbolico, "3/x"},
   };
+  // clang-format on
   for (const auto& k : casos) {
     CalcSimbolic c;
     Prepara(c, k.modo);

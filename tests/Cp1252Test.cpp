@@ -13,14 +13,6 @@ namespace {
 std::string Byte(int b) { return std::string(1, static_cast<char>(b)); }
 const std::string kAjeno = Byte(kByteAjeno);
 
-TEST(Cp1252, AsciiPassesUnchanged) {
-  std::string ascii;
-  for (int b = 0; b < 0x80; ++b)
-    ascii += Byte(b);
-  EXPECT_EQ(Utf8ACp1252(ascii), ascii);
-  EXPECT_EQ(Cp1252AUtf8(ascii), ascii);
-}
-
 TEST(Cp1252, CharactersOfTheCodePageBothWays) {
   // clang-format off
   const struct {
@@ -71,24 +63,22 @@ TEST(Cp1252, ForeignCharactersAndBrokenUtf8BecomeTheForeignByte) {
   }
 }
 
+// ASCII passes unchanged, and every byte comes back; lengths count
+// characters, not bytes.
 TEST(Cp1252, EveryByteSurvivesTheRoundTrip) {
   std::string todos;
   for (int b = 0; b < 256; ++b) {
     SCOPED_TRACE(b);
-    EXPECT_EQ(Utf8ACp1252(Cp1252AUtf8(Byte(b))), Byte(b));
+    const std::string utf8 = Cp1252AUtf8(Byte(b));
+    EXPECT_TRUE(b >= 0x80 || utf8 == Byte(b)) << utf8;
+    EXPECT_EQ(Utf8ACp1252(utf8), Byte(b));
     todos += Byte(b);
   }
   const std::string utf8 = Cp1252AUtf8(todos);
   EXPECT_EQ(Utf8ACp1252(utf8), todos);
   EXPECT_EQ(LongitudUtf8(utf8), 256);
-}
-
-TEST(Cp1252, LengthCountsCharactersNotBytes) {
   EXPECT_EQ(LongitudUtf8(""), 0);
-  EXPECT_EQ(LongitudUtf8("abc"), 3);
-  EXPECT_EQ(LongitudUtf8("añob"), 4);
-  EXPECT_EQ(LongitudUtf8("€→中😀"), 4);
-  EXPECT_EQ(LongitudUtf8("x·y\r\n"), 5);
+  EXPECT_EQ(LongitudUtf8("añob€→中😀\r\n"), 10);
 }
 
 } // namespace

@@ -10,12 +10,6 @@
 
 namespace {
 
-TEST(FormatNum, StartsRoundingToFiveDecimals) {
-  FormatNum f;
-  EXPECT_FALSE(f.OutFracc());
-  EXPECT_EQ(f.CifRed(), 5);
-}
-
 TEST(FormatNum, RoundingDigitsOutsideZeroToThreeHundredAreIgnored) {
   FormatNum f;
   const struct {
@@ -51,56 +45,33 @@ TEST(FormatNum, RoundsHalfAwayFromZeroOnBothSides) {
     EXPECT_DOUBLE_EQ(f.RedN(c.x, c.n), c.r) << c.x << " a " << c.n << " cifras";
 }
 
-struct CasoTexto {
-  bool fracc;
-  int cifras;
-  const char* entrada;
-  const char* salida;
-};
-
 TEST(FormatNum, RewritesEveryNumberOfAText) {
-  const CasoTexto casos[] = {
-      {false, 5, "x*0.333333333333333", "x*.33333"},
-      {false, 5, "2*x", "2*x"},
-      {false, 5, "3.5", "3.5"},
-      {false, 5, "0", "0"},
-      {false, 5, "x*0.666666", "x*.66667"},
-      {false, 5, "1.000004", "1"},
-      {false, 5, "0.000004", "0"},
-      {false, 5, "1.5E-7*x", "0*x"},
+  // clang-format off
+  const struct {
+    bool fracc;
+    int cifras;
+    const char *entrada, *salida;
+  } casos[] = {
+      {false, 5, "x*0.333333333333333", "x*.33333"}, {false, 5, "2*x", "2*x"},
+      {false, 5, "3.5", "3.5"}, {false, 5, "0", "0"}, {false, 5, "x*0.666666", "x*.66667"},
+      {false, 5, "1.000004", "1"}, {false, 5, "0.000004", "0"}, {false, 5, "1.5E-7*x", "0*x"},
       {false, 5, "0.30000000000000004", ".3"},
-      {false, 2, "x-0.125", "x-.13"},
-      {false, 0, "2.5*x-2.5", "3*x-3"},
-      {false, 0, "0.5", "1"},
-      {false, 1, "x^2.25", "x^2.3"},
-      {false, 3, "123456.7890123", "123456.789"},
-      {false, 0,
-       "x\xC2\xB7"
-       "2.5",
-       "x\xC2\xB7"
-       "3"},
-      {false, 5, "2 * x ' nota", "2*x"},
+      {false, 2, "x-0.125", "x-.13"}, {false, 0, "2.5*x-2.5", "3*x-3"}, {false, 0, "0.5", "1"},
+      {false, 1, "x^2.25", "x^2.3"}, {false, 3, "123456.7890123", "123456.789"},
+      {false, 0, "x\xC2\xB7" "2.5", "x\xC2\xB7" "3"}, {false, 5, "2 * x ' nota", "2*x"},
       {false, 5, "Sin( x ) / ( 1 + x )", "Sin(x)/(1+x)"},
-      {true, 5, ".5", "(1/2)"},
-      {true, 5, "0.75", "(3/4)"},
-      {true, 5, "2", "2"},
-      {true, 5, "100*x", "100*x"},
-      {true, 5, "0", "0"},
-      {true, 5, "x*-.25", "x*-(1/4)"},
-      {true, 5, "1.25", "(5/4)"},
-      {true, 5, "12.125", "(97/8)"},
-      {true, 5, ".1", "(1/10)"},
-      {true, 5, ".3", "(3/10)"},
-      {true, 5, "0.0625", "(1/16)"},
-      {true, 5, "2.5e-3*x", "(1/400)*x"},
+      {true, 5, ".5", "(1/2)"}, {true, 5, "0.75", "(3/4)"}, {true, 5, "2", "2"},
+      {true, 5, "100*x", "100*x"}, {true, 5, "0", "0"}, {true, 5, "x*-.25", "x*-(1/4)"},
+      {true, 5, "1.25", "(5/4)"}, {true, 5, "12.125", "(97/8)"}, {true, 5, ".1", "(1/10)"},
+      {true, 5, ".3", "(3/10)"}, {true, 5, "0.0625", "(1/16)"}, {true, 5, "2.5e-3*x", "(1/400)*x"},
       // Binary noise goes before the digits are counted.
       {true, 5, "0.30000000000000004", "(3/10)"},
       // 1/3 is nearer to hand but not exact: the exact convergent wins.
       {true, 5, ".33333", "(33333/100000)"},
-      // Fractions are not rounded first.
-      {true, 0, "0.75*x", "(3/4)*x"},
+      {true, 0, "0.75*x", "(3/4)*x"}, // fractions are not rounded first
       {true, 5, "x ^ 2 + 0.5 ' mitad", "x^2+(1/2)"},
   };
+  // clang-format on
   for (const auto& c : casos) {
     FormatNum f;
     f.OutFracc(c.fracc);
@@ -110,11 +81,13 @@ TEST(FormatNum, RewritesEveryNumberOfAText) {
   }
 }
 
-TEST(FormatNum, TheFormatterCanBeUsedAgain) {
+// A new formatter rounds to five decimals; one formatter serves many texts.
+TEST(FormatNum, StartsRoundingToFiveDecimalsAndCanBeUsedAgain) {
   FormatNum f;
-  EXPECT_EQ(f.FCoef("x*0.25"), "x*.25");
+  EXPECT_EQ(f.FCoef("x*0.333333333333333"), "x*.33333");
   EXPECT_EQ(f.FCoef("y"), "y");
   EXPECT_EQ(f.FCoef(""), "");
+  EXPECT_EQ(f.FCoef("x*0.25"), "x*.25");
 }
 
 TEST(FormatNum, FractionOfAQuotientCarriesItsSignInTheNumerator) {

@@ -143,7 +143,7 @@ using Puntos = std::vector<std::pair<T, T>>;
 // judged a rewriting. A point cannot judge where the value is undefined, too
 // large, or so ill-conditioned that rounding noise moves it.
 int Compara(CalcSimbolic& calc, const std::string& entrada, const Puntos& puntos) {
-  const std::string salida = calc.Calc(entrada), desc = calc.ErrDesc();
+  const std::string salida = calc.Calc(entrada), desc = salida.empty() ? calc.ErrDesc() : "";
   const std::string otra = salida.empty() ? "" : calc.Calc(salida);
   int juzgados = 0;
   for (const auto& [x, y] : puntos) {

@@ -12,6 +12,7 @@
 
 #include "lang/Errores.h"
 #include "lang/SintaxExp.h"
+#include "lang/Vocabulario.h"
 
 namespace {
 
@@ -121,13 +122,9 @@ TEST(SintaxExp, MalformedTextsReportTheFirstError) {
 }
 
 TEST(SintaxExp, EveryFunctionNeedsItsParentheses) {
-  const char* const funciones[] = {"Log",       "Ln",     "Sin",     "Cos",     "Tg",     "Sec",
-                                   "Cosec",     "Ctg",    "ArcSin",  "ArcCos",  "ArcTg",  "ArcSec",
-                                   "ArcCosec",  "ArcCtg", "SinH",    "CosH",    "TgH",    "SecH",
-                                   "CosecH",    "CtgH",   "ArcSinH", "ArcCosH", "ArcTgH", "ArcSecH",
-                                   "ArcCosecH", "ArcCtgH"};
   SintaxExp s;
-  for (std::string f : funciones) {
+  for (const std::string_view nombre : kFunciones) {
+    std::string f(nombre);
     SCOPED_TRACE(f);
     EXPECT_TRUE(s.SintaxExpr(f + "(x)"));
     std::transform(f.begin(), f.end(), f.begin(), [](unsigned char c) { return std::toupper(c); });
