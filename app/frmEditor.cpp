@@ -404,6 +404,9 @@ bool frmEditor::Guardar() {
   // Another program changed or deleted the file since it was opened: the
   // user decides before anything on disk is replaced.
   if (CambiadoEnDisco(archivo_)) {
+    // This question tells of the change: the window, active again when the
+    // box closes, must not ask about it a second time.
+    AvisaCambioEnDisco(archivo_);
     const QString nombre = QString::fromStdString(archivo_.nombre);
     switch (Dialogos::Pregunta(this, "El archivo «" + nombre +
                                          "» ha cambiado en el disco desde que se abrió o guardó. "

@@ -656,6 +656,8 @@ TEST_F(VentanaTest, GuardarPreguntaSiOtroProgramaCambioElArchivo) {
   EXPECT_NE(preguntas[0].find("ha cambiado en el disco"), std::string::npos);
   EXPECT_EQ(Bytes(ruta), QByteArray("y = otra cosa, escrita por otro programa"));
   EXPECT_TRUE(w.Modelo().Modificado());
+  w.RevisaDisco(); // the user has been told already
+  EXPECT_EQ(preguntas.size(), 1u);
   respuestas = {Dialogos::Respuesta::Si};
   EXPECT_TRUE(w.Guardar());
   EXPECT_EQ(Bytes(ruta), QByteArray("1y = x"));
