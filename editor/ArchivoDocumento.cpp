@@ -19,8 +19,8 @@ bool CargaArchivo(Editor& editor, EstadoArchivo& estado, const std::string& ruta
   ContenidoArchivo contenido;
   if (!LeeArchivo(ruta, bytes, error) || !DecodificaArchivo(bytes, contenido, error)) return false;
   editor.Carga(contenido.filas);
-  estado = {ruta, NombreDocumento(ruta), contenido.codificacion};
-  estado.sello = estado.avisado = SelloDe(ruta);
+  const SelloArchivo sello = SelloDe(ruta);
+  estado = {ruta, NombreDocumento(ruta), contenido.codificacion, sello, sello};
   return true;
 }
 

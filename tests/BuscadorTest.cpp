@@ -124,12 +124,16 @@ TEST_F(BuscadorSearch, TextsThatCannotBeFound) {
   // Row 1 holds the byte that stands in for characters outside the code page.
   Carga({"abc", std::string("\xC2\x81")});
   for (const char* texto : {"", "Ω", "zz"}) {
+    SCOPED_TRACE(texto);
     avisos.clear();
-    int fila = 0, col = 0;
-    EXPECT_FALSE(bus.Search(texto, fila, col, false, 0)) << texto;
+    int fila = 0, col = 0, filaR = 0, colR = 0;
+    EXPECT_FALSE(bus.Search(texto, fila, col, false, 0));
+    EXPECT_EQ(bus.Reemp(texto, "y", filaR, colR, false, 0, ModoReemplazo::Todos), 0);
     EXPECT_EQ(fila, -1);
-    EXPECT_EQ(avisos, std::vector<std::string>{Buscador::kNoEncontrado});
+    EXPECT_EQ(filaR, -1);
+    EXPECT_EQ(avisos, std::vector<std::string>(2, Buscador::kNoEncontrado));
   }
+  EXPECT_EQ(ed.Hist().TextoDeshacer(), "No se puede deshacer");
 }
 
 TEST_F(BuscadorSearch, NextRepeatsTextAndOptionsFromCursor) {
@@ -145,38 +149,41 @@ TEST_F(BuscadorSearch, NextRepeatsTextAndOptionsFromCursor) {
   EXPECT_EQ(ed.Doc().InicioSel(), (Posicion{0, 0}));
 }
 
+// Each answer, all of the call in one undo record. Cancel leaves the match
+// asked about selected; a replacement the document cannot store is told
+// once and ends the call.
 TEST_F(BuscadorReemp, AnswersOneByOne) {
-  const std::string original = "x x\r\nx";
+  using enum Respuesta;
+  // clang-format off
   const struct {
-    std::vector<Respuesta> respuestas;
-    const char* texto;
-    int hechos, preguntas;
+    std::vector<Respuesta> respuestas; const char *reemp, *texto; int hechos, preguntas;
+    std::size_t avisos; const char* seleccion;
   } casos[] = {
-      {{Respuesta::Si, Respuesta::Si, Respuesta::Si}, "y y\r\ny", 3, 3},
-      {{Respuesta::No, Respuesta::Si, Respuesta::No}, "x y\r\nx", 1, 3},
-      {{Respuesta::Si, Respuesta::Cancelar}, "y x\r\nx", 1, 2},
-      {{Respuesta::No, Respuesta::No, Respuesta::No}, "x x\r\nx", 0, 3},
+      {{Si, Si, Si}, "y", "y y\r\ny", 3, 3, 0, nullptr},
+      {{No, Si, No}, "y", "x y\r\nx", 1, 3, 0, nullptr},
+      {{No, No, No}, "y", "x x\r\nx", 0, 3, 0, nullptr},
+      {{Si, Cancelar}, "y", "y x\r\nx", 1, 2, 0, "x"},
+      {{Cancelar}, "y", "x x\r\nx", 0, 1, 0, "x"},
+      {{Si, Si}, "Ω", "x x\r\nx", 0, 1, 1, nullptr},
   };
+  // clang-format on
   for (const auto& c : casos) {
+    SCOPED_TRACE(testing::Message() << c.texto << " after " << c.preguntas);
     Carga({"x x", "x"});
     respuestas = c.respuestas;
     preguntas = 0;
-    EXPECT_EQ(Reemplaza("x", "y", ModoReemplazo::UnoAUno), c.hechos);
+    avisos.clear();
+    EXPECT_EQ(Reemplaza("x", c.reemp, ModoReemplazo::UnoAUno), c.hechos);
     EXPECT_EQ(Texto(), c.texto);
     EXPECT_EQ(preguntas, c.preguntas);
-    EXPECT_TRUE(avisos.empty()); // matches were found, even if left
+    EXPECT_EQ(avisos.size(), c.avisos); // matches were found, even if left
+    if (c.seleccion) {
+      EXPECT_EQ(ed.Doc().GetTextSel(), c.seleccion);
+    }
     ed.Deshacer();
-    EXPECT_EQ(Texto(), original);
+    EXPECT_EQ(Texto(), "x x\r\nx");
     EXPECT_EQ(ed.Hist().TextoDeshacer(), "No se puede deshacer");
   }
-}
-
-TEST_F(BuscadorReemp, CancelLeavesTheMatchSelected) {
-  Carga({"a x"});
-  respuestas = {Respuesta::Cancelar};
-  EXPECT_EQ(Reemplaza("x", "y", ModoReemplazo::UnoAUno), 0);
-  EXPECT_EQ(ed.Doc().GetTextSel(), "x");
-  EXPECT_EQ(ed.Hist().TextoDeshacer(), "No se puede deshacer");
 }
 
 TEST_F(BuscadorReemp, ShorterRowKeepsCursorAndSelectionInside) {
@@ -230,24 +237,6 @@ TEST_F(BuscadorReemp, RowLimitSkipsTheRowAndGoesOn) {
   EXPECT_EQ(Texto(), larga + "x\r\n" + larga + "x\r\nyy");
   ASSERT_EQ(avisos.size(), 1u); // told once, not once per row
   EXPECT_NE(avisos[0].find("256"), std::string::npos);
-}
-
-TEST_F(BuscadorReemp, UnstorableReplacementStopsAtFirstMatch) {
-  Carga({"x", "x"});
-  respuestas = {Respuesta::Si, Respuesta::Si};
-  EXPECT_EQ(Reemplaza("x", "Ω", ModoReemplazo::UnoAUno), 0);
-  EXPECT_EQ(preguntas, 1);
-  EXPECT_EQ(avisos.size(), 1u);
-  EXPECT_EQ(Texto(), "x\r\nx");
-}
-
-TEST_F(BuscadorReemp, NothingFound) {
-  Carga({"abc"});
-  int fila = 0, col = 0;
-  EXPECT_EQ(bus.Reemp("", "y", fila, col, false, 0, ModoReemplazo::Todos), 0);
-  EXPECT_EQ(fila, -1);
-  EXPECT_EQ(avisos, std::vector<std::string>{Buscador::kNoEncontrado});
-  EXPECT_EQ(ed.Hist().TextoDeshacer(), "No se puede deshacer");
 }
 
 } // namespace

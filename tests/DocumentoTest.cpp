@@ -32,7 +32,6 @@ TEST(Documento, SelectionTextOverRows) {
   } casos[] = {
       {{"ab", "cd"}, {0, 2}, {1, 0}, "\r\n", "", 2},        // one line break, nothing else
       {{"ab", "cd"}, {1, 0}, {0, 2}, "\r\n", "", 2},        // the same, selected backwards
-      {{"ab", "cd"}, {0, 1}, {1, 1}, "b\r\nc", "b", 4},
       {{"ab", "cd"}, {1, 1}, {0, 1}, "b\r\nc", "b", 4},
       {{"ab", "", "cd"}, {0, 0}, {2, 2}, "ab\r\n\r\ncd", "ab", 8},
       {{"abcd"}, {0, 3}, {0, 1}, "bc", "bc", 2},
@@ -64,63 +63,41 @@ TEST(Documento, NoSelectionReadsEmptyEvenWithOldEnds) {
   EXPECT_EQ(d.LongSel(), 0);
 }
 
-TEST(Documento, SelectTextOfNoLengthMovesOnlyTheCursor) {
-  for (const bool habia : {false, true}) {
-    SCOPED_TRACE(habia);
-    Documento d = Doc({"abc", "defg"});
-    d.FijaSeleccion({0, 0}, habia ? Posicion{0, 2} : Posicion{0, 0});
-    d.SelectText(1, 3, 0);
-    EXPECT_EQ(d.Cursor(), (Posicion{1, 3}));
-    EXPECT_EQ(d.HaySel(), habia);
-    EXPECT_EQ(d.GetTextSel(), habia ? "ab" : "");
-  }
-}
-
-TEST(Documento, SelectTextSelectsWithinOneRow) {
-  Documento d = Doc({"y = sin(x)", "z"});
-  d.SelectText(0, 4, 3);
-  EXPECT_TRUE(d.HaySel());
-  EXPECT_EQ(d.Sel1(), (Posicion{0, 4}));
-  EXPECT_EQ(d.Sel2(), (Posicion{0, 7}));
-  EXPECT_EQ(d.Cursor(), (Posicion{0, 7}));
-  EXPECT_EQ(d.GetTextSel(), "sin");
-  d.SelectText(0, 10, 0); // the row's end is a valid place
-  EXPECT_EQ(d.Cursor(), (Posicion{0, 10}));
-}
-
-TEST(Documento, SelectTextOutsideTheRowChangesNothing) {
+TEST(Documento, SelectTextSelectsWithinOneRowOrDoesNothing) {
+  // Columns count cells: "año" is three cells in four UTF-8 bytes. The
+  // selection before each call is " =" on row 1, the cursor after it.
+  const Posicion sel1{1, 1}, sel2{1, 3};
   // clang-format off
-  const struct { int fila, col, largo; } casos[] = {
-      {-1, 0, 0}, {2, 0, 0},   // no such row
-      {0, 4, 0}, {0, -1, 1},   // the column is not in the row
-      {0, 2, 2}, {1, 0, 5},    // the span runs past the row's end
-      {0, 1, -1},
+  const struct {
+    int fila, col, largo; Posicion cursor, ancla, extremo; const char* texto;
+  } casos[] = {
+      {0, 0, 3, {0, 3}, {0, 0}, {0, 3}, "año"},
+      {1, 4, 3, {1, 7}, {1, 4}, {1, 7}, "2·x"},
+      // No length: only the cursor moves, to any place of a row.
+      {0, 1, 0, {0, 1}, sel1, sel2, " ="}, {1, 7, 0, {1, 7}, sel1, sel2, " ="},
+      // Not inside a row: nothing at all changes.
+      {-1, 0, 0, sel2, sel1, sel2, " ="}, {2, 0, 0, sel2, sel1, sel2, " ="},
+      {0, 4, 0, sel2, sel1, sel2, " ="},  {0, -1, 1, sel2, sel1, sel2, " ="},
+      {0, 2, 2, sel2, sel1, sel2, " ="},  {1, 0, 8, sel2, sel1, sel2, " ="},
+      {0, 1, -1, sel2, sel1, sel2, " ="},
   };
   // clang-format on
   for (const auto& c : casos) {
     SCOPED_TRACE(testing::Message() << c.fila << "," << c.col << "," << c.largo);
-    Documento d = Doc({"abc", "defg"});
-    d.FijaSeleccion({1, 1}, {1, 3});
-    d.MueveCursor(1, 3);
+    Documento d = Doc({"año", "y = 2·x"});
+    d.FijaSeleccion(sel1, sel2);
+    d.MueveCursor(sel2.fila, sel2.col);
     d.SelectText(c.fila, c.col, c.largo);
-    EXPECT_EQ(d.Cursor(), (Posicion{1, 3}));
+    EXPECT_EQ(d.Cursor(), c.cursor);
     EXPECT_TRUE(d.HaySel());
-    EXPECT_EQ(d.Sel1(), (Posicion{1, 1}));
-    EXPECT_EQ(d.Sel2(), (Posicion{1, 3}));
+    EXPECT_EQ(d.Sel1(), c.ancla);
+    EXPECT_EQ(d.Sel2(), c.extremo);
+    EXPECT_EQ(d.GetTextSel(), c.texto);
   }
-}
-
-TEST(Documento, AccentedTextCountsOneColumnACharacter) {
-  Documento d = Doc({"año = 2·x €"});
-  EXPECT_EQ(d.LongFila(0), 11);
-  EXPECT_EQ(d.GetTextFila(0), "año = 2·x €");
-  EXPECT_EQ(d.Fila(0)[1] & 0xFF, 0xF1);
-  d.SelectText(0, 6, 3);
-  EXPECT_EQ(d.GetTextSel(), "2·x");
-  d.SelectText(0, 10, 1);
-  EXPECT_EQ(d.GetTextSel(), "€");
-  d.SelectText(0, 11, 1); // past the end by cells, though not by UTF-8 bytes
-  EXPECT_EQ(d.GetTextSel(), "€");
+  Documento d = Doc({"abc"});
+  d.SelectText(0, 2, 0); // no length makes no selection either
+  EXPECT_FALSE(d.HaySel());
+  EXPECT_EQ(d.Cursor(), (Posicion{0, 2}));
 }
 
 TEST(Documento, WholeTextJoinsRowsWithoutATrailingBreak) {

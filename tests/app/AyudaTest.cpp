@@ -105,12 +105,10 @@ TEST(AyudaTest, LosMensajesDelProgramaEstanExplicados) {
   p.AlMensaje = [&](const std::string& m) { mensajes.push_back(m); };
   p.SetEspTab(0);
   p.SetTamFuente(5);
-  p.SetColorLetra(16);
-  p.SetColorPC(16);
-  p.SetColorLetraSel(16);
-  p.SetColorFondoSel(16);
-  p.SetColorComment(16);
-  p.SetColorFondoEditor(16);
+  for (const auto set : {&Presentacion::SetColorLetra, &Presentacion::SetColorPC,
+                         &Presentacion::SetColorLetraSel, &Presentacion::SetColorFondoSel,
+                         &Presentacion::SetColorComment, &Presentacion::SetColorFondoEditor})
+    (p.*set)(16);
 
   // The derivative name as a variable: refused here, or else by the engine
   // when the command runs, with a message of its own that is already listed.
@@ -141,10 +139,11 @@ std::vector<std::string> Lineas(QString texto) {
   return lineas;
 }
 
-QString Atributo(const QString& atributos, const QString& nombre) {
-  const QRegularExpression re(nombre + "=\"([^\"]*)\"");
-  const auto m = re.match(atributos);
-  return m.hasMatch() ? m.captured(1) : QString();
+// An attribute's value, or `falta` when the tag does not have it.
+std::string Atributo(const QString& atributos, const QString& nombre,
+                     const std::string& falta = "") {
+  const auto m = QRegularExpression(nombre + "=\"([^\"]*)\"").match(atributos);
+  return m.hasMatch() ? m.captured(1).toStdString() : falta;
 }
 
 // Every worked example of the help, a <pre class="ejemplo"> holding the
@@ -167,15 +166,13 @@ TEST(AyudaTest, LosEjemplosDicenLoQueEscribeElPrograma) {
       QString texto = m.captured(2);
       texto.replace("&lt;", "<").replace("&gt;", ">").replace("&amp;", "&");
       ConfigDerivacion config;
-      if (!Atributo(atributos, "data-vd").isEmpty())
-        config.VarDep = Atributo(atributos, "data-vd").toStdString();
-      if (!Atributo(atributos, "data-vi").isEmpty())
-        config.VarInd = Atributo(atributos, "data-vi").toStdString();
-      if (!Atributo(atributos, "data-cifras").isEmpty())
-        config.CifRedExt = Atributo(atributos, "data-cifras").toInt();
+      config.VarDep = Atributo(atributos, "data-vd", config.VarDep);
+      config.VarInd = Atributo(atributos, "data-vi", config.VarInd);
+      config.CifRedExt =
+          std::stoi(Atributo(atributos, "data-cifras", std::to_string(config.CifRedExt)));
       config.OutFracc = Atributo(atributos, "data-fracciones") != "no";
       const bool pasos = Atributo(atributos, "data-pasos") == "si";
-      const QString error = Atributo(atributos, "data-error");
+      const std::string error = Atributo(atributos, "data-error");
 
       const QString marca = "<span class=\"escrito\">";
       const qsizetype escrito = texto.indexOf(marca);
@@ -185,9 +182,9 @@ TEST(AyudaTest, LosEjemplosDicenLoQueEscribeElPrograma) {
       texto.remove(marca).remove("</span>");
       const SalidaDerivar salida = EjecutaDerivar(documento.toStdString(), config, pasos);
       const std::string donde = pagina.toStdString() + ": " + documento.toStdString();
-      if (!error.isEmpty()) {
+      if (!error.empty()) {
         EXPECT_NE(salida.ErrNumber, 0) << donde;
-        EXPECT_EQ(salida.ErrDesc, error.toStdString()) << donde;
+        EXPECT_EQ(salida.ErrDesc, error) << donde;
       } else {
         EXPECT_EQ(salida.ErrNumber, 0) << donde << ": " << salida.ErrDesc;
         EXPECT_GE(escrito, 0) << donde;
