@@ -7,25 +7,10 @@
 // redraws.
 
 #include <QDialog>
-#include <QString>
+
+#include "editor/CamposBusquedaQt.h"
 
 class Buscador;
-class Editor;
-class QCheckBox;
-class QLineEdit;
-class QPushButton;
-
-// What the find and replace dialogs remember between openings during a run.
-struct OpcionesBusqueda {
-  QString texto;
-  bool mayusMinus = false;
-  bool palabraCompleta = false;
-};
-OpcionesBusqueda& UltimaBusqueda();
-
-// The text the dialogs propose: the selection when it lies within one row,
-// else the last text sought.
-QString TextoPropuesto(const Editor& editor);
 
 class frmBuscar : public QDialog {
   Q_OBJECT
@@ -40,13 +25,7 @@ signals:
   void buscado();
 
 private:
-  void Recuerda();
-
   Buscador& buscador_;
   Editor& editor_;
-  QLineEdit* txtBuscar = nullptr;
-  QCheckBox* chkMayusMinus = nullptr;
-  QCheckBox* chkPalCmp = nullptr;
-  QPushButton* cmdBuscar = nullptr;
-  QPushButton* cmdCancelar = nullptr;
+  CamposBusqueda campos_;
 };

@@ -11,11 +11,9 @@
 
 #include <QDialog>
 
+#include "editor/CamposBusquedaQt.h"
+
 class Buscador;
-class Editor;
-class QCheckBox;
-class QLineEdit;
-class QPushButton;
 
 class frmReemp : public QDialog {
   Q_OBJECT
@@ -35,11 +33,5 @@ private:
 
   Buscador& buscador_;
   Editor& editor_;
-  QLineEdit* txtBuscar = nullptr;
-  QLineEdit* txtReemp = nullptr;
-  QCheckBox* chkMayusMinus = nullptr;
-  QCheckBox* chkPalCmp = nullptr;
-  QPushButton* cmdSí = nullptr;
-  QPushButton* cmdReplaceAll = nullptr;
-  QPushButton* cmdCancelar = nullptr;
+  CamposBusqueda campos_;
 };
