@@ -112,7 +112,16 @@ sesiones = [
   "0" + teclea("x*y") + "\\\x00\x01\x01\x02zz\x00" + "V",
   "0" + "K\x05hola." + "P\x14" + "I" * 3 + "VV",
   "0" + "_\x07uno\ndos" + "P\x03P\x17" + "G",
+  # Pasted rows whose colours differ: each must be coloured afresh.
+  "0" + teclea("y=") + "K\x0bx\n'c\nSin(1)" + "L\x05'a\nb2",
 ]
+# Long fixed sessions of random commands, so that every run, however short,
+# goes through a full history, rows at the row limit and stale drag anchors.
+import random
+azar = random.Random(20261122)
+for j in range(6):
+    sesiones.append(chr(15 | (64 if j % 2 else 0)) + 'a\nbb\nccc\ndddd\n' +
+                    ''.join(chr(azar.randrange(256)) for _ in range(1000)))
 for j, s in enumerate(sesiones): escribe('editor', 'sesion%02d.txt' % j, s.encode('latin-1'))
 
 # analex: options, nine class codes, vocabulary, looked-for code, text.
