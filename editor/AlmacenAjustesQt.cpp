@@ -29,7 +29,11 @@ std::string AlmacenAjustesQt::Lee(const std::string& seccion, const std::string&
 
 void AlmacenAjustesQt::Escribe(const std::string& seccion, const std::string& clave,
                                const std::string& valor) {
-  ajustes_.setValue(Clave(seccion, clave), QString::fromStdString(valor));
+  // Start-up writes back every default it reads: a value already stored
+  // costs no rewrite of the file.
+  const QString k = Clave(seccion, clave), v = QString::fromStdString(valor);
+  if (ajustes_.contains(k) && ajustes_.value(k).toString() == v) return;
+  ajustes_.setValue(k, v);
   ajustes_.sync();
   Revisa("guardar", "Los cambios valen hasta que se cierre el programa.");
 }
