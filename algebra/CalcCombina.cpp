@@ -99,6 +99,25 @@ bool CalcSimbolic::EsIgual(std::string_view a, std::string_view b) {
 // ---------------------------------------------------------------------------
 // Sums
 
+namespace {
+
+// Whether a merged coefficient is zero, or only the rounding noise of the
+// additions that made it. Every coefficient has travelled as 15-digit text,
+// which is not exact in binary: 0.1+0.2-0.3 leaves 5.6E-17 (one unit in the
+// last place, ulp, of 0.3), and two products that agree but were each
+// rounded to 15 digits may differ by half a unit of their 15th digit each,
+// up to about 23 ulps. A real coefficient can be as small as a unit next to
+// a 15-digit whole number: 1E14+1-1E14 leaves 1, which is 64 ulps of 1E14
+// after two additions. So up to 24 ulps of the largest addend or partial sum
+// per addition is taken as zero, and anything larger is kept.
+bool RuidoDeSuma(double coef, double mayor, int sumas) {
+  if (coef == 0) return true;
+  const double ulp = std::nextafter(mayor, INFINITY) - mayor;
+  return std::fabs(coef) <= 24.0 * sumas * ulp;
+}
+
+} // namespace
+
 // Merges like terms (equal literal parts) by adding their coefficients; a
 // term whose coefficient becomes 0 is dropped, and an untouched term keeps
 // its text.
@@ -106,8 +125,8 @@ std::string CalcSimbolic::SumaDeTerminos(std::string_view texto) {
   const Escaneo e = Escanea(texto);
   struct Acumulado {
     const Termino* termino;
-    double coef, mayor; // the sum, and the largest addend (to tell rounding noise from zero)
-    bool cambiado;
+    double coef, mayor; // the sum, and the largest addend or partial sum
+    int sumas;          // additions that made coef
   };
   const std::vector<Termino> terminos = Terminos(e);
   std::vector<Acumulado> suma;
@@ -115,19 +134,18 @@ std::string CalcSimbolic::SumaDeTerminos(std::string_view texto) {
   for (const Termino& t : terminos) {
     const auto [sitio, nuevo] = porLiteral.try_emplace(ClaveLiteral(t.lit), suma.size());
     if (nuevo) {
-      suma.push_back({&t, t.coef, std::fabs(t.coef), false});
+      suma.push_back({&t, t.coef, std::fabs(t.coef), 0});
       continue;
     }
     Acumulado& igual = suma[sitio->second];
     igual.coef = Finito(igual.coef + t.coef);
-    igual.mayor = std::max(igual.mayor, std::fabs(t.coef));
-    igual.cambiado = true;
+    igual.mayor = std::max({igual.mayor, std::fabs(t.coef), std::fabs(igual.coef)});
+    ++igual.sumas;
   }
   std::string out;
   for (const Acumulado& a : suma) {
-    // Coefficients that cancel up to the last bits of a double are zero.
-    if (a.coef == 0 || std::fabs(a.coef) <= a.mayor * 1e-14) continue;
-    if (!a.cambiado) {
+    if (RuidoDeSuma(a.coef, a.mayor, a.sumas)) continue;
+    if (a.sumas == 0) {
       Une(out, a.termino->negativo ? "-" + std::string(a.termino->cuerpo)
                                    : std::string(a.termino->cuerpo));
       continue;

@@ -4,24 +4,27 @@
 #include <cmath>
 #include <cstdlib>
 
+CifrasDecimales Cifras15(double valor) {
+  // d.dddddddddddddde±x: the 15 significant digits, correctly rounded.
+  char buf[40];
+  const auto r = std::to_chars(buf, buf + sizeof buf, valor, std::chars_format::scientific, 14);
+  const std::string_view s(buf, static_cast<std::size_t>(r.ptr - buf));
+  CifrasDecimales c{s[0] == '-', "", 0};
+  const std::size_t posE = s.find('e');
+  for (std::size_t i = c.negativo ? 1 : 0; i < posE; ++i)
+    if (s[i] != '.') c.digitos += s[i];
+  while (c.digitos.size() > 1 && c.digitos.back() == '0')
+    c.digitos.pop_back();
+  c.exponente = std::atoi(std::string(s.substr(posE + 1)).c_str());
+  return c;
+}
+
 std::string TextoNumero(double valor) {
   if (valor == 0) return "0";
   // Callers check for overflow first; should one slip through, it is written
   // as the runtime does rather than read past the digits.
   if (!std::isfinite(valor)) return valor > 0 ? "inf" : valor < 0 ? "-inf" : "nan";
-  // d.dddddddddddddde±x: the 15 significant digits, correctly rounded.
-  char buf[40];
-  const auto r = std::to_chars(buf, buf + sizeof buf, valor, std::chars_format::scientific, 14);
-  const std::string_view s(buf, static_cast<std::size_t>(r.ptr - buf));
-  const bool negativo = s[0] == '-';
-  const std::size_t inicio = negativo ? 1 : 0;
-  const std::size_t posE = s.find('e');
-  std::string digitos;
-  for (std::size_t i = inicio; i < posE; ++i)
-    if (s[i] != '.') digitos += s[i];
-  while (digitos.size() > 1 && digitos.back() == '0')
-    digitos.pop_back();
-  const int exponente = std::atoi(std::string(s.substr(posE + 1)).c_str());
+  const auto [negativo, digitos, exponente] = Cifras15(valor);
 
   std::string out = negativo ? "-" : "";
   if (exponente >= kExpPlanoMin && exponente <= kExpPlanoMax) {

@@ -13,3 +13,13 @@ inline constexpr int kExpPlanoMax = 14;
 
 // A finite double in the number format; -0 is "0".
 std::string TextoNumero(double valor);
+
+// The significant digits of a finite non-zero double as the number format
+// writes them: at most 15, correctly rounded, trailing zeros dropped. The
+// value is ±d.ddd × 10^exponente.
+struct CifrasDecimales {
+  bool negativo;
+  std::string digitos;
+  int exponente;
+};
+CifrasDecimales Cifras15(double valor);

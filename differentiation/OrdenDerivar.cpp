@@ -10,13 +10,26 @@ namespace {
 // A document row holds 256 cells: a step line longer than this is broken too.
 constexpr int kMaxFila = 255;
 
-// Sets both variables whatever the engine's current pair: setting one name
-// may clash with the other's old value (VarDep "x" while VarInd is still
-// "X"), so a refused first setting is tried again after the second.
+// Sets both variables whatever the engine's current pair. Each setting is
+// checked against the other variable's current name, so a new pair can clash
+// with the old one at every step (y, x swapped to x, y). A one-letter name
+// that is neither of the four first takes the independent variable's place,
+// which frees both names; one letter can never be a derivative name. Should
+// the new dependent name be the derivative name that this stand-in makes
+// ("dy_du" with "u"), the next stand-in is tried.
 void FijaVariables(Derivada& d, const ConfigDerivacion& config) {
-  d.VarDep(config.VarDep);
-  d.VarInd(config.VarInd);
-  if (d.VarDep() != config.VarDep) d.VarDep(config.VarDep);
+  const auto mismo = [](const std::string& a, const std::string& b) {
+    return EnMayusculas(Utf8ACp1252(a)) == EnMayusculas(Utf8ACp1252(b));
+  };
+  for (const char* provisional : {"u", "v", "w", "t"}) {
+    if (mismo(provisional, config.VarDep) || mismo(provisional, config.VarInd) ||
+        mismo(provisional, d.VarDep()))
+      continue;
+    d.VarInd(provisional);
+    d.VarDep(config.VarDep);
+    d.VarInd(config.VarInd);
+    if (d.VarDep() == config.VarDep && d.VarInd() == config.VarInd) return;
+  }
 }
 
 void CopiaError(const Derivada& d, SalidaDerivar& salida) {

@@ -56,6 +56,10 @@ TEST(CalcSimbolic, SymbolicResults) {
       {"0.50", ".5"}, {"007", "7"}, {"1e3", "1000"}, {"7D2", "700"}, {"1.5E-3", ".0015"},
       {".1+.2", ".3"}, {".1+.2-.3", "0"}, // cancelled to within rounding
       {"1E20+1E20", "2E+20"},
+      // Rounding noise cancels, a real coefficient next to a large one does not.
+      {".1*x+.2*x-.3*x", "0"}, {".7+.1+.1+.1-1", "0"}, {".1+.1+.1+.1+.1+.1+.1+.1+.1+.1-1", "0"},
+      {"1.1*x+2.2*x+3.3*x-6.6*x", "0"}, {"1E14+(1-1E14)", "1"}, {"1E14*x+x-1E14*x", "x"},
+      {"123456789012345*x+x-123456789012345*x", "x"}, {"1E14+1+1-1E14", "2"},
       // Like terms merge and factors collect; names compare without regard to case.
       {"x+x", "2*x"}, {"x-x", "0"}, {"X-x", "0"}, {"x-2*x", "-x"}, {"3*x+2*y-x", "2*x+2*y"},
       {"x*y+y*x", "2*x*y"}, {"x*x", "x^2"}, {"x*x^2", "x^3"}, {"x^2*x^-2", "1"}, {"2*x*3", "6*x"},

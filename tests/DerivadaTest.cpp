@@ -40,10 +40,20 @@ TEST(Derivada, PlainResultsAsText) {
   const struct {
     const char *ecuacion, *derivada;
   } casos[] = {
-      {"y = x", "1"},           {"y = 3", "0"},          {"y = Sin(2)", "0"}, {"y = -x", "-1"},
-      {"y = x^2", "2*x"},       {"y = x^-2", "2*x"},     // the checker drops a sign right after "^"
-      {"y = x^-1", "1"},        {"y + dy_dxa = x", "1"}, // dy_dxa is not the derivative name
+      {"y = x", "1"},
+      {"y = 3", "0"},
+      {"y = Sin(2)", "0"},
+      {"y = -x", "-1"},
+      {"y = x^2", "2*x"},
+      {"y = x^-2", "2*x"}, // the checker drops a sign right after "^"
+      {"y = x^-1", "1"},
+      {"y + dy_dxa = x", "1"}, // dy_dxa is not the derivative name
       {"y = 2.5E+3*x", "2500"},
+      // A unit next to 1E14 is no rounding noise.
+      {"y = 1E14*x + x - 1E14*x", "1"},
+      {"y = 123456789012345*x + x - 123456789012345*x", "1"},
+      {"x + 1E14*y = y + 1E14*y + x^2", "1-2*x"},
+      {"y = 0.1*x + 0.2*x - 0.3*x", "0"},
   };
   for (const auto& c : casos) {
     Derivada d = ConYX();

@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 #include "algebra/FormatNum.h"
+#include "algebra/TextoNumero.h"
+#include "lang/ConvierteNumero.h"
 
 namespace {
 
@@ -70,6 +73,13 @@ TEST(FormatNum, RewritesEveryNumberOfAText) {
       {true, 5, ".33333", "(33333/100000)"},
       {true, 0, "0.75*x", "(3/4)*x"}, // fractions are not rounded first
       {true, 5, "x ^ 2 + 0.5 ' mitad", "x^2+(1/2)"},
+      // Sixteen and more decimal places: exact integers, never 0.
+      {true, 5, ".0360803453131437*x", "(360803453131437/1E+16)*x"},
+      {true, 5, "1.5E-300", "(3/2E+300)"}, {true, 5, ".000562949953421312", "(2147483648/3814697265625)"},
+      // A denominator with more than 15 digits is written whole, to read back exactly.
+      {true, 5, "5.62949953421312E-30", "(32/5684341886080801486968994140625)"},
+      // Below about 1E-293 no denominator fits a double: the number stays as it is.
+      {true, 5, "1.4312053784E-300", "1.4312053784E-300"},
   };
   // clang-format on
   for (const auto& c : casos) {
@@ -88,6 +98,28 @@ TEST(FormatNum, StartsRoundingToFiveDecimalsAndCanBeUsedAgain) {
   EXPECT_EQ(f.FCoef("y"), "y");
   EXPECT_EQ(f.FCoef(""), "");
   EXPECT_EQ(f.FCoef("x*0.25"), "x*.25");
+}
+
+// Any value with 15 significant digits, from 1E-300 to 1E+300, is written as
+// a fraction (or as itself) that reads back as the same 15 digits.
+TEST(FormatNum, EveryFractionReadsBackAsItsValue) {
+  FormatNum f;
+  f.OutFracc(true);
+  std::mt19937_64 azar(11);
+  std::uniform_int_distribution<long long> cifras(100000000000000, 999999999999999);
+  for (int exponente = -300; exponente <= 300; exponente += 3)
+    for (int i = 0; i < 20; ++i) {
+      const std::string m = std::to_string(cifras(azar) / (i % 5 == 0 ? 1000000 : 1));
+      const double x =
+          LeeNumero(m.substr(0, 1) + "." + m.substr(1) + "E" + std::to_string(exponente));
+      const std::string texto = f.FCoef(TextoNumero(x));
+      double leido = LeeNumero(texto);
+      if (texto.front() == '(') {
+        const auto barra = texto.find('/');
+        leido = LeeNumero(texto.substr(1, barra - 1)) / LeeNumero(texto.substr(barra + 1));
+      }
+      EXPECT_EQ(TextoNumero(leido), TextoNumero(x)) << texto;
+    }
 }
 
 TEST(FormatNum, FractionOfAQuotientCarriesItsSignInTheNumerator) {

@@ -106,6 +106,14 @@ TEST(OrdenDerivar, SettingsShapeTheResult) {
       {AceptaConfig("3", "t", "s", false), "t = 0.123456*s^2", "'dt/ds = .247*s"},
       {AceptaConfig("0", "y", "x", false), "y = 0.75*x^2", "'dy/dx = 2*x"},
       {ConfigDerivacion{}, "y = 0.5*x^2 + 0.75*x", "'dy/dx = x+(3/4)"},
+      // Fifteen digits below .1 have sixteen decimal places: still a fraction.
+      {ConfigDerivacion{}, "y = .0360803453131437*x", "'dy/dx = (360803453131437/1E+16)"},
+      // A pair that swaps or re-cases the engine's current one.
+      {AceptaConfig("5", "x", "y", true), "x = y^3", "'dx/dy = 3*y^2"},
+      {AceptaConfig("5", "X", "y", true), "X = y^3", "'dX/dy = 3*y^2"},
+      {AceptaConfig("5", "x", "Y", true), "x = Y^3", "'dx/dY = 3*Y^2"},
+      {AceptaConfig("5", "Y", "X", true), "Y = X^3", "'dY/dX = 3*X^2"},
+      {AceptaConfig("5", "u", "t", true), "u = t^3", "'du/dt = 3*t^2"},
   };
   for (const auto& c : casos) {
     const SalidaDerivar s = EjecutaDerivar(c.ecuacion, c.config, false);
