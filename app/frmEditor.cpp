@@ -17,12 +17,12 @@
 #include "app/Dialogos.h"
 #include "app/VentanaAyuda.h"
 #include "app/frmAcercaDe.h"
-#include "differentiation/OrdenDerivar.h"
-#include "differentiation/frmConfig.h"
-#include "editor/VistaEditor.h"
-#include "editor/frmBuscar.h"
-#include "editor/frmPresentar.h"
-#include "editor/frmReemp.h"
+#include "commands/OrdenDerivar.h"
+#include "app/frmConfig.h"
+#include "app/VistaEditor.h"
+#include "app/frmBuscar.h"
+#include "app/frmPresentar.h"
+#include "app/frmReemp.h"
 
 namespace {
 

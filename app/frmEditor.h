@@ -13,7 +13,7 @@
 #include <memory>
 
 #include "editor/AlmacenAjustes.h"
-#include "editor/ArchivoDocumento.h"
+#include "files/ArchivoDocumento.h"
 #include "editor/Buscador.h"
 #include "editor/Editor.h"
 #include "editor/Presentacion.h"

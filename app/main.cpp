@@ -8,7 +8,7 @@
 
 #include "app/Dialogos.h"
 #include "app/frmEditor.h"
-#include "editor/AlmacenAjustesQt.h"
+#include "app/AlmacenAjustesQt.h"
 #include "lang/Aviso.h"
 
 int main(int argc, char** argv) {

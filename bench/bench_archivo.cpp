@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "editor/ArchivoTexto.h"
+#include "files/ArchivoTexto.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include "algebra/FormatNum.h"
 #include "cli/Ordenes.h"
-#include "differentiation/OrdenDerivar.h"
+#include "commands/OrdenDerivar.h"
 #include "lang/Cp1252.h"
 
 namespace {

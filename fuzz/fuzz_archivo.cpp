@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "LectorFuzz.h"
-#include "editor/ArchivoTexto.h"
+#include "files/ArchivoTexto.h"
 #include "editor/Editor.h"
 #include "lang/Cp1252.h"
 

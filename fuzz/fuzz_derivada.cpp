@@ -12,7 +12,7 @@
 #include "LectorFuzz.h"
 #include "algebra/CalcSimbolic.h"
 #include "differentiation/Derivada.h"
-#include "differentiation/OrdenDerivar.h"
+#include "commands/OrdenDerivar.h"
 #include "lang/Caracteres.h"
 #include "lang/Cp1252.h"
 #include "lang/Errores.h"

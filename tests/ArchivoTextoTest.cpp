@@ -18,7 +18,7 @@
 
 #include "DiscoLlenoPrueba.h"
 #include "EjecutaCliPrueba.h"
-#include "editor/ArchivoTexto.h"
+#include "files/ArchivoTexto.h"
 
 namespace {
 

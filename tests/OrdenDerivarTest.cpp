@@ -8,9 +8,9 @@
 #include <tuple>
 #include <vector>
 
-#include "differentiation/ConfigDerivacion.h"
+#include "commands/ConfigDerivacion.h"
 #include "differentiation/Derivada.h"
-#include "differentiation/OrdenDerivar.h"
+#include "commands/OrdenDerivar.h"
 #include "lang/Errores.h"
 
 namespace {

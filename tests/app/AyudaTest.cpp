@@ -16,9 +16,9 @@
 #include <vector>
 
 #include "app/VentanaAyuda.h"
-#include "differentiation/ConfigDerivacion.h"
+#include "commands/ConfigDerivacion.h"
 #include "differentiation/Derivada.h"
-#include "differentiation/OrdenDerivar.h"
+#include "commands/OrdenDerivar.h"
 #include "editor/AlmacenAjustes.h"
 #include "editor/Buscador.h"
 #include "editor/Presentacion.h"

@@ -18,14 +18,14 @@
 
 #include "ControlesPrueba.h"
 #include "app/Dialogos.h"
-#include "differentiation/frmConfig.h"
+#include "app/frmConfig.h"
 #include "editor/AlmacenAjustes.h"
 #include "editor/Buscador.h"
 #include "editor/Editor.h"
 #include "editor/Presentacion.h"
-#include "editor/frmBuscar.h"
-#include "editor/frmPresentar.h"
-#include "editor/frmReemp.h"
+#include "app/frmBuscar.h"
+#include "app/frmPresentar.h"
+#include "app/frmReemp.h"
 
 namespace {
 

@@ -1,14 +1,16 @@
-#include "differentiation/OrdenDerivar.h"
+#include "commands/OrdenDerivar.h"
 
 #include "algebra/FormatNum.h"
 #include "differentiation/Derivada.h"
+#include "editor/Documento.h"
 #include "lang/AnaLex.h"
 #include "lang/Cp1252.h"
 
 namespace {
 
-// A document row holds 256 cells: a step line longer than this is broken too.
-constexpr int kMaxFila = 255;
+// A step line is broken too when, with its leading "'", it would fill a whole
+// document row: one cell is left free, so that the row can still be typed in.
+constexpr int kMaxFila = Documento::kMaxCeldas - 1;
 
 // Sets both variables whatever the engine's current pair. Each setting is
 // checked against the other variable's current name, so a new pair can clash

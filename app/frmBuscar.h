@@ -8,7 +8,7 @@
 
 #include <QDialog>
 
-#include "editor/CamposBusquedaQt.h"
+#include "app/CamposBusquedaQt.h"
 
 class Buscador;
 

@@ -1,4 +1,4 @@
-#include "differentiation/frmConfig.h"
+#include "app/frmConfig.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

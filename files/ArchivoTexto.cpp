@@ -1,4 +1,4 @@
-#include "editor/ArchivoTexto.h"
+#include "files/ArchivoTexto.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "editor/CamposBusquedaQt.h"
+#include "app/CamposBusquedaQt.h"
 
 #include <QCheckBox>
 #include <QDialog>

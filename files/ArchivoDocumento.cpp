@@ -1,4 +1,4 @@
-#include "editor/ArchivoDocumento.h"
+#include "files/ArchivoDocumento.h"
 
 #include <sys/stat.h>
 

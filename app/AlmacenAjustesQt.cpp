@@ -1,4 +1,4 @@
-#include "editor/AlmacenAjustesQt.h"
+#include "app/AlmacenAjustesQt.h"
 
 namespace {
 QString Clave(const std::string& seccion, const std::string& clave) {

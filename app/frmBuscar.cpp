@@ -1,4 +1,4 @@
-#include "editor/frmBuscar.h"
+#include "app/frmBuscar.h"
 
 #include <QPushButton>
 

@@ -7,7 +7,7 @@
 #include <QDialog>
 #include <QString>
 
-#include "differentiation/ConfigDerivacion.h"
+#include "commands/ConfigDerivacion.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -11,7 +11,7 @@
 
 #include <QDialog>
 
-#include "editor/CamposBusquedaQt.h"
+#include "app/CamposBusquedaQt.h"
 
 class Buscador;
 

@@ -1,4 +1,4 @@
-#include "editor/frmPresentar.h"
+#include "app/frmPresentar.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "differentiation/ConfigDerivacion.h"
+#include "commands/ConfigDerivacion.h"
 
 // Written lines are broken between tokens so that none exceeds this many
 // characters of result (a document row holds 256 cells).

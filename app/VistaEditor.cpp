@@ -1,4 +1,4 @@
-#include "editor/VistaEditor.h"
+#include "app/VistaEditor.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "editor/frmReemp.h"
+#include "app/frmReemp.h"
 
 #include <QPushButton>
 

@@ -1,4 +1,4 @@
-#include "differentiation/ConfigDerivacion.h"
+#include "commands/ConfigDerivacion.h"
 
 #include "lang/Caracteres.h"
 #include "lang/Cp1252.h"

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "editor/ArchivoTexto.h"
+#include "files/ArchivoTexto.h"
 #include "editor/Editor.h"
 
 // A file's size and modification time in nanoseconds; -1 for both when the
