@@ -1,6 +1,7 @@
 #include <iostream>
 
 #include "cli/Ordenes.h"
+#include "lang/Cp1252.h"
 #include "lang/SintaxExp.h"
 
 // mirkal-cli sintaxis [--ecuacion | --desigualdad] TEXTO

@@ -24,8 +24,3 @@ int ErrorDeUso(const std::string& motivo);
 // counted from 1, or the bare description where the error has no place
 // (línea < 0). Returns kSalidaRechazo.
 int Rechazo(int linea, int columna, const std::string& descripcion);
-
-// Terminals and Unix files end lines with LF alone; documents end them with
-// CR LF. A lone LF becomes CR LF so that the text reads as it would in the
-// editor.
-std::string FinesDeLineaDeDocumento(const std::string& texto);

@@ -54,16 +54,6 @@ int Rechazo(int linea, int columna, const std::string& descripcion) {
   return kSalidaRechazo;
 }
 
-std::string FinesDeLineaDeDocumento(const std::string& texto) {
-  std::string doc;
-  doc.reserve(texto.size());
-  for (std::size_t i = 0; i < texto.size(); ++i) {
-    if (texto[i] == '\n' && (i == 0 || texto[i - 1] != '\r')) doc += '\r';
-    doc += texto[i];
-  }
-  return doc;
-}
-
 int main(int argc, char** argv) {
   Argumentos args(argv + 1, argv + argc);
   if (args.empty()) return ErrorDeUso("falta la orden");

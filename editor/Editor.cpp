@@ -7,22 +7,6 @@
 
 namespace {
 
-// Line breaks of pasted text ("\r\n", or a lone "\r" or "\n") as the
-// document's "\r\n".
-std::string FinesDeLinea(const std::string& bytes) {
-  std::string out;
-  out.reserve(bytes.size());
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (bytes[i] == '\r' || bytes[i] == '\n') {
-      out += "\r\n";
-      if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') ++i;
-    } else {
-      out += bytes[i];
-    }
-  }
-  return out;
-}
-
 // The first character of a UTF-8 text that Windows-1252 cannot hold, or "".
 std::string CaracterAjeno(const std::string& texto) {
   for (std::size_t i = 0; i < texto.size();) {
@@ -121,7 +105,7 @@ Resultado Editor::InsertaTexto(const std::string& texto, int tipo) {
   if (const std::string c = CaracterAjeno(texto); !c.empty())
     return {false, "El texto contiene el carácter «" + c +
                        "», que el documento no puede guardar. No se ha insertado nada."};
-  const std::string bytes = FinesDeLinea(Utf8ACp1252(texto));
+  const std::string bytes = FinesDeLineaDeDocumento(Utf8ACp1252(texto));
   const Posicion desde = doc_.HaySel() ? doc_.InicioSel() : doc_.Cursor();
   const Posicion hasta = doc_.HaySel() ? doc_.FinSel() : doc_.Cursor();
   if (!CabeEnFilas(desde, hasta, bytes))

@@ -123,3 +123,17 @@ template <unsigned char (*Cambia)(unsigned char)> std::string Convierte(std::str
 
 std::string EnMinusculas(std::string_view bytes) { return Convierte<Minuscula>(bytes); }
 std::string EnMayusculas(std::string_view bytes) { return Convierte<Mayuscula>(bytes); }
+
+std::string FinesDeLineaDeDocumento(std::string_view texto) {
+  std::string out;
+  out.reserve(texto.size());
+  for (std::size_t i = 0; i < texto.size(); ++i) {
+    if (texto[i] == '\r' || texto[i] == '\n') {
+      out += "\r\n";
+      if (texto[i] == '\r' && i + 1 < texto.size() && texto[i + 1] == '\n') ++i;
+    } else {
+      out += texto[i];
+    }
+  }
+  return out;
+}

@@ -19,6 +19,10 @@ std::string Utf8ACp1252(std::string_view utf8);
 // value, so every byte survives the round trip.
 std::string Cp1252AUtf8(std::string_view bytes);
 
+// Line breaks ("\r\n", or a lone "\r" or "\n", as terminals, Unix files and
+// the clipboard write them) as the document's "\r\n".
+std::string FinesDeLineaDeDocumento(std::string_view texto);
+
 // Whether a text is well-formed UTF-8.
 bool EsUtf8Valido(std::string_view texto);
 
