@@ -1,64 +1,72 @@
-// mirkal-cli derivar and formato: the derivation commands of the editor and
-// the number formatter, for scripts and terminals.
+// mirkal-cli derivar: the editor's derivation commands for scripts and
+// terminals. A document comes from a file or from standard input through the
+// editor's own file layer, so it is read exactly as Abrir reads it, and
+// --escribir appends the result and saves as Derivar followed by Guardar.
 
-#include <cstdio>
-#include <fstream>
 #include <iostream>
-#include <iterator>
+#include <optional>
 #include <sstream>
 
-#include "algebra/FormatNum.h"
+#include "cli/Opciones.h"
 #include "cli/Ordenes.h"
 #include "commands/OrdenDerivar.h"
+#include "files/ArchivoDocumento.h"
 #include "lang/Cp1252.h"
 
 namespace {
 
-struct OpcionesDerivar {
-  std::string archivo, ecuacion, vd = "y", vi = "x", cifras = "5";
-  bool escribir = false, pasos = false, fracciones = true, lote = false, hayEcuacion = false;
+const std::vector<Opcion> kOpciones = {
+    {"--archivo", "-f", true}, {"--vd", "", true}, {"--vi", "", true},
+    {"--cifras", "", true},    {"--escribir"},     {"--pasos"},
+    {"--fracciones"},          {"--decimales"},    {"--lote"},
 };
 
-// Reads an option's value; false (after reporting) when it is missing.
-bool Valor(const Argumentos& args, std::size_t& i, std::string& destino) {
-  if (i + 1 >= args.size()) {
-    ErrorDeUso("falta el valor de " + args[i]);
-    return false;
-  }
-  destino = args[++i];
-  return true;
+struct OpcionesDerivar {
+  std::optional<std::string> archivo, ecuacion;
+  std::string vd = "y", vi = "x", cifras = "5";
+  bool escribir = false, pasos = false, fracciones = true, lote = false;
+};
+
+// One option as given; taken in order, the last of --fracciones and
+// --decimales, or of two values of one option, wins.
+void Aplica(const OpcionDada& dada, OpcionesDerivar& o) {
+  const std::string& n = dada.larga;
+  if (n == "--archivo") o.archivo = dada.valor;
+  if (n == "--vd") o.vd = dada.valor;
+  if (n == "--vi") o.vi = dada.valor;
+  if (n == "--cifras") o.cifras = dada.valor;
+  if (n == "--escribir") o.escribir = true;
+  if (n == "--pasos") o.pasos = true;
+  if (n == "--fracciones" || n == "--decimales") o.fracciones = n == "--fracciones";
+  if (n == "--lote") o.lote = true;
 }
 
-// Text typed at a terminal is UTF-8; a document file is Windows-1252.
-std::string ComoUtf8(const std::string& bytes) {
-  return EsUtf8Valido(bytes) ? bytes : Cp1252AUtf8(bytes);
+// The options and their combinations; "" or the usage error.
+std::string LeeOpciones(const Argumentos& args, OpcionesDerivar& o) {
+  ArgumentosLeidos leidos;
+  if (std::string error = LeeArgumentos(args, kOpciones, leidos); !error.empty()) return error;
+  const std::vector<std::string>& pos = leidos.posicionales;
+  if (pos.size() > 1) return "sobra un argumento: " + pos[1];
+  if (!pos.empty()) o.ecuacion = pos[0];
+  for (const OpcionDada& dada : leidos.opciones)
+    Aplica(dada, o);
+
+  if (const auto fallo = CompruebaConfig(o.cifras, o.vd, o.vi)) return fallo->mensaje;
+  if (o.escribir && !o.archivo) return "--escribir necesita -f ARCHIVO";
+  if (o.ecuacion && o.archivo) return "dé una ECUACIÓN o -f ARCHIVO, no ambos";
+  if (o.lote && (o.ecuacion || o.archivo || o.pasos))
+    return "--lote lee las ecuaciones de la entrada estándar, sin --pasos";
+  return {};
 }
 
-bool LeeArchivo(const std::string& ruta, std::string& bytes) {
-  std::ifstream f(ruta, std::ios::binary);
-  if (!f) return false;
-  bytes.assign(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>());
-  return !f.bad();
+// A batch line is an equation, as the ECUACIÓN argument is, not a document
+// row: text typed at a terminal (UTF-8), or a line of a Windows-1252 file.
+std::string EcuacionDeLote(const std::string& linea) {
+  return EsUtf8Valido(linea) ? linea : Cp1252AUtf8(linea);
 }
 
-// Writes the whole file anew through a temporary file beside it, so that a
-// failed write never leaves the document half written.
-bool EscribeArchivo(const std::string& ruta, const std::string& bytes) {
-  const std::string temporal = ruta + ".mirkal-tmp";
-  {
-    std::ofstream f(temporal, std::ios::binary | std::ios::trunc);
-    if (!f || !f.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) || !f.flush()) {
-      std::remove(temporal.c_str());
-      return false;
-    }
-  }
-  if (std::rename(temporal.c_str(), ruta.c_str()) != 0) {
-    std::remove(temporal.c_str());
-    return false;
-  }
-  return true;
-}
-
+// One line read, one line written; reading the next line flushes the answer,
+// so that a script may hold a conversation with the tool.
 int Lote(const ConfigDerivacion& config) {
   int salida = kSalidaBien;
   std::string linea;
@@ -68,7 +76,7 @@ int Lote(const ConfigDerivacion& config) {
       std::cout << '\n';
       continue;
     }
-    const SalidaDerivar r = DerivadaEnUnaLinea(ComoUtf8(linea), config);
+    const SalidaDerivar r = DerivadaEnUnaLinea(EcuacionDeLote(linea), config);
     if (r.ErrNumber != 0) {
       std::cout << "ERROR: " << r.ErrDesc << '\n';
       salida = kSalidaRechazo;
@@ -79,103 +87,56 @@ int Lote(const ConfigDerivacion& config) {
   return salida;
 }
 
+// The document of -f, or of standard input, loaded into `editor` as Abrir
+// loads a file. A file the editor could not open is a read failure.
+int CargaDocumento(const OpcionesDerivar& o, Editor& editor, EstadoArchivo& estado) {
+  std::string error;
+  if (o.archivo) {
+    if (!CargaArchivo(editor, estado, *o.archivo, error)) return FalloDeArchivo(*o.archivo, error);
+    return kSalidaBien;
+  }
+  std::ostringstream entrada;
+  entrada << std::cin.rdbuf();
+  ContenidoArchivo contenido;
+  if (!DecodificaArchivo(entrada.str(), contenido, error))
+    return FalloDeArchivo("entrada estándar", error);
+  editor.Carga(contenido.filas);
+  return kSalidaBien;
+}
+
+// Derivar's text goes at the end of the document, then Guardar writes the
+// file back in the encoding it was read in.
+int AñadeYGuarda(Editor& editor, EstadoArchivo& estado, const std::string& texto) {
+  Documento& doc = editor.Doc();
+  const int ultima = doc.NumFilas() - 1;
+  doc.QuitaSeleccion();
+  doc.MueveCursor(ultima, doc.LongFila(ultima));
+  const Resultado escrito = editor.EscribeTexto(texto);
+  if (!escrito.hecho) return Rechazo(-1, 0, escrito.aviso);
+  std::string error;
+  if (!GuardaArchivo(editor, estado, estado.ruta, error)) return FalloDeArchivo(estado.ruta, error);
+  return kSalidaBien;
+}
+
 } // namespace
 
 // mirkal-cli derivar [opciones] [ECUACIÓN]
 int OrdenDerivar(const Argumentos& args) {
   OpcionesDerivar o;
-  bool soloTexto = false;
-  for (std::size_t i = 0; i < args.size(); ++i) {
-    const std::string& a = args[i];
-    if (soloTexto || a.rfind("-", 0) != 0 || a == "-") {
-      if (o.hayEcuacion) return ErrorDeUso("sobra un argumento: " + a);
-      o.ecuacion = a;
-      o.hayEcuacion = true;
-    } else if (a == "--") {
-      soloTexto = true;
-    } else if (a == "-f" || a == "--archivo") {
-      if (!Valor(args, i, o.archivo)) return kSalidaUso;
-    } else if (a == "--vd") {
-      if (!Valor(args, i, o.vd)) return kSalidaUso;
-    } else if (a == "--vi") {
-      if (!Valor(args, i, o.vi)) return kSalidaUso;
-    } else if (a == "--cifras") {
-      if (!Valor(args, i, o.cifras)) return kSalidaUso;
-    } else if (a == "--escribir") {
-      o.escribir = true;
-    } else if (a == "--pasos") {
-      o.pasos = true;
-    } else if (a == "--fracciones") {
-      o.fracciones = true;
-    } else if (a == "--decimales") {
-      o.fracciones = false;
-    } else if (a == "--lote") {
-      o.lote = true;
-    } else {
-      return ErrorDeUso("opción desconocida: " + a);
-    }
-  }
-  if (const auto fallo = CompruebaConfig(o.cifras, o.vd, o.vi)) return ErrorDeUso(fallo->mensaje);
-  if (o.escribir && o.archivo.empty()) return ErrorDeUso("--escribir necesita -f ARCHIVO");
-  if (o.hayEcuacion && !o.archivo.empty())
-    return ErrorDeUso("dé una ECUACIÓN o -f ARCHIVO, no ambos");
-  if (o.lote && (o.hayEcuacion || !o.archivo.empty() || o.pasos))
-    return ErrorDeUso("--lote lee las ecuaciones de la entrada estándar, sin --pasos");
+  if (const std::string error = LeeOpciones(args, o); !error.empty()) return ErrorDeUso(error);
   const ConfigDerivacion config = AceptaConfig(o.cifras, o.vd, o.vi, o.fracciones);
   if (o.lote) return Lote(config);
 
-  std::string documento;
-  if (o.hayEcuacion) {
-    documento = o.ecuacion;
-  } else if (!o.archivo.empty()) {
-    std::string bytes;
-    if (!LeeArchivo(o.archivo, bytes))
-      return Rechazo(-1, 0, "No se pudo leer el archivo " + o.archivo);
-    documento = Cp1252AUtf8(bytes);
-  } else {
-    std::ostringstream entrada;
-    entrada << std::cin.rdbuf();
-    documento = ComoUtf8(entrada.str());
+  Editor editor;
+  EstadoArchivo estado;
+  if (!o.ecuacion) {
+    if (const int s = CargaDocumento(o, editor, estado); s != kSalidaBien) return s;
   }
-  documento = FinesDeLineaDeDocumento(documento);
-
+  const std::string documento =
+      o.ecuacion ? FinesDeLineaDeDocumento(*o.ecuacion) : editor.Doc().TextoDocumento();
   const SalidaDerivar r = EjecutaDerivar(documento, config, o.pasos);
   if (r.ErrNumber != 0) return Rechazo(r.ErrLin, r.ErrCol, r.ErrDesc);
-  if (o.escribir) {
-    if (!EscribeArchivo(o.archivo, Utf8ACp1252(documento + r.Texto())))
-      return Rechazo(-1, 0, "No se pudo guardar el archivo " + o.archivo);
-    return kSalidaBien;
-  }
+  if (o.escribir) return AñadeYGuarda(editor, estado, r.Texto());
   std::cout << r.Texto() << '\n';
-  return kSalidaBien;
-}
-
-// mirkal-cli formato [--fracciones] [--cifras N] TEXTO
-int OrdenFormato(const Argumentos& args) {
-  FormatNum formato;
-  std::string texto, cifras = "5";
-  bool hayTexto = false, soloTexto = false;
-  for (std::size_t i = 0; i < args.size(); ++i) {
-    const std::string& a = args[i];
-    if (!soloTexto && a == "--") {
-      soloTexto = true;
-    } else if (!soloTexto && a == "--fracciones") {
-      formato.OutFracc(true);
-    } else if (!soloTexto && a == "--cifras") {
-      if (!Valor(args, i, cifras)) return kSalidaUso;
-    } else if (!soloTexto && a.rfind("--", 0) == 0) {
-      return ErrorDeUso("opción desconocida: " + a);
-    } else if (hayTexto) {
-      return ErrorDeUso("sobra un argumento: " + a);
-    } else {
-      texto = a;
-      hayTexto = true;
-    }
-  }
-  if (!hayTexto) return ErrorDeUso("formato espera un TEXTO");
-  if (CompruebaConfig(cifras, "y", "x"))
-    return ErrorDeUso("--cifras espera un número entre 0 y 300");
-  formato.CifRed(std::stoi(cifras));
-  std::cout << formato.FCoef(texto) << '\n';
   return kSalidaBien;
 }

@@ -1,36 +1,26 @@
 #include <iostream>
 
+#include "cli/Opciones.h"
 #include "cli/Ordenes.h"
 #include "lang/Cp1252.h"
 #include "lang/SintaxExp.h"
 
 // mirkal-cli sintaxis [--ecuacion | --desigualdad] TEXTO
 int OrdenSintaxis(const Argumentos& args) {
-  enum class Forma { Expresion, Ecuacion, Desigualdad } forma = Forma::Expresion;
-  const std::string* texto = nullptr;
-  bool soloTexto = false; // after "--" everything is the text
-  for (const std::string& a : args) {
-    if (!soloTexto && a == "--") {
-      soloTexto = true;
-    } else if (!soloTexto && a == "--ecuacion") {
-      forma = Forma::Ecuacion;
-    } else if (!soloTexto && a == "--desigualdad") {
-      forma = Forma::Desigualdad;
-    } else if (!soloTexto && a.size() > 1 && a[0] == '-' && a[1] == '-') {
-      return ErrorDeUso("opción desconocida: " + a);
-    } else if (texto) {
-      return ErrorDeUso("sobra un argumento: " + a);
-    } else {
-      texto = &a;
-    }
-  }
-  if (!texto) return ErrorDeUso("falta el TEXTO que se ha de comprobar");
+  ArgumentosLeidos leidos;
+  const std::string error = LeeArgumentos(args, {{"--ecuacion"}, {"--desigualdad"}}, leidos);
+  if (!error.empty()) return ErrorDeUso(error);
+  const std::vector<std::string>& pos = leidos.posicionales;
+  if (pos.empty()) return ErrorDeUso("falta el TEXTO que se ha de comprobar");
+  if (pos.size() > 1) return ErrorDeUso("sobra un argumento: " + pos[1]);
+  // Of --ecuacion and --desigualdad, the one given last.
+  const std::string forma = leidos.opciones.empty() ? "" : leidos.opciones.back().larga;
 
   SintaxExp sintaxis;
-  const std::string doc = FinesDeLineaDeDocumento(*texto);
-  const bool bien = forma == Forma::Ecuacion      ? sintaxis.SintaxEcu(doc)
-                    : forma == Forma::Desigualdad ? sintaxis.SintaxDes(doc)
-                                                  : sintaxis.SintaxExpr(doc);
+  const std::string doc = FinesDeLineaDeDocumento(pos[0]);
+  const bool bien = forma == "--ecuacion"      ? sintaxis.SintaxEcu(doc)
+                    : forma == "--desigualdad" ? sintaxis.SintaxDes(doc)
+                                               : sintaxis.SintaxExpr(doc);
   if (!bien) return Rechazo(sintaxis.ErrLin(), sintaxis.ErrCol(), sintaxis.ErrDesc());
   std::cout << sintaxis.Expr() << '\n';
   return kSalidaBien;

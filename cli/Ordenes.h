@@ -1,13 +1,14 @@
 #pragma once
 // The orders of mirkal-cli. Each takes the arguments that follow its name
-// and returns the exit status: 0 success, 1 the input was refused, 2 bad usage.
+// and returns the exit status, which scripts use to tell the failures apart.
 
 #include <string>
 #include <vector>
 
 inline constexpr int kSalidaBien = 0;
-inline constexpr int kSalidaRechazo = 1;
-inline constexpr int kSalidaUso = 2;
+inline constexpr int kSalidaRechazo = 1; // the input was refused
+inline constexpr int kSalidaUso = 2;     // the command line was wrong
+inline constexpr int kSalidaArchivo = 3; // a file could not be read or written
 
 using Argumentos = std::vector<std::string>;
 
@@ -24,3 +25,8 @@ int ErrorDeUso(const std::string& motivo);
 // counted from 1, or the bare description where the error has no place
 // (línea < 0). Returns kSalidaRechazo.
 int Rechazo(int linea, int columna, const std::string& descripcion);
+
+// Reports on standard error that `origen` (a path, or the standard input)
+// could not be read or written, with the file layer's reason. Returns
+// kSalidaArchivo.
+int FalloDeArchivo(const std::string& origen, const std::string& motivo);

@@ -1,9 +1,13 @@
-// mirkal-cli simplificar and despejar: the symbolic calculator from a terminal.
+// mirkal-cli simplificar, despejar and formato: the symbolic calculator and
+// the number formatter from a terminal.
 
 #include <iostream>
 
 #include "algebra/CalcSimbolic.h"
+#include "algebra/FormatNum.h"
+#include "cli/Opciones.h"
 #include "cli/Ordenes.h"
+#include "commands/ConfigDerivacion.h"
 
 namespace {
 
@@ -13,56 +17,50 @@ int Resultado(const CalcSimbolic& calc, const std::string& texto) {
   return kSalidaBien;
 }
 
-// The positional arguments, with "--" ending the options; returns false (after
-// reporting) on an unknown option.
-bool Posicionales(const Argumentos& args, const std::vector<std::string>& opciones,
-                  std::vector<std::string>& vistas, std::vector<std::string>& posicionales) {
-  bool soloTexto = false;
-  for (const std::string& a : args) {
-    if (!soloTexto && a == "--") {
-      soloTexto = true;
-    } else if (!soloTexto && a.rfind("--", 0) == 0) {
-      bool conocida = false;
-      for (const std::string& o : opciones)
-        conocida = conocida || a == o;
-      if (!conocida) {
-        ErrorDeUso("opción desconocida: " + a);
-        return false;
-      }
-      vistas.push_back(a);
-    } else {
-      posicionales.push_back(a);
-    }
-  }
-  return true;
-}
-
-bool Tiene(const std::vector<std::string>& vistas, const std::string& opcion) {
-  for (const std::string& v : vistas)
-    if (v == opcion) return true;
-  return false;
-}
-
 } // namespace
 
 // mirkal-cli simplificar [--numerico] [--constantes] EXPRESIÓN
 int OrdenSimplificar(const Argumentos& args) {
-  std::vector<std::string> vistas, pos;
-  if (!Posicionales(args, {"--numerico", "--constantes"}, vistas, pos)) return kSalidaUso;
-  if (pos.size() != 1) return ErrorDeUso("simplificar espera una EXPRESIÓN");
+  ArgumentosLeidos leidos;
+  const std::string error = LeeArgumentos(args, {{"--numerico"}, {"--constantes"}}, leidos);
+  if (!error.empty()) return ErrorDeUso(error);
+  if (leidos.posicionales.size() != 1) return ErrorDeUso("simplificar espera una EXPRESIÓN");
   CalcSimbolic calc;
-  if (Tiene(vistas, "--numerico")) calc.CalcExpNum(true);
-  if (Tiene(vistas, "--constantes")) calc.ResolveConst(true);
-  const std::string resultado = calc.Calc(pos[0]);
+  if (leidos.Tiene("--numerico")) calc.CalcExpNum(true);
+  if (leidos.Tiene("--constantes")) calc.ResolveConst(true);
+  const std::string resultado = calc.Calc(leidos.posicionales[0]);
   return Resultado(calc, resultado);
 }
 
 // mirkal-cli despejar EXPRESIÓN VARIABLE
 int OrdenDespejar(const Argumentos& args) {
-  std::vector<std::string> vistas, pos;
-  if (!Posicionales(args, {}, vistas, pos)) return kSalidaUso;
+  ArgumentosLeidos leidos;
+  const std::string error = LeeArgumentos(args, {}, leidos);
+  if (!error.empty()) return ErrorDeUso(error);
+  const std::vector<std::string>& pos = leidos.posicionales;
   if (pos.size() != 2) return ErrorDeUso("despejar espera una EXPRESIÓN y una VARIABLE");
   CalcSimbolic calc;
   const std::string resultado = calc.Desp_axNb(pos[0], pos[1]);
   return Resultado(calc, resultado);
+}
+
+// mirkal-cli formato [--fracciones] [--cifras N] TEXTO
+int OrdenFormato(const Argumentos& args) {
+  ArgumentosLeidos leidos;
+  const std::string error = LeeArgumentos(args, {{"--fracciones"}, {"--cifras", "", true}}, leidos);
+  if (!error.empty()) return ErrorDeUso(error);
+  const std::vector<std::string>& pos = leidos.posicionales;
+  if (pos.empty()) return ErrorDeUso("formato espera un TEXTO");
+  if (pos.size() > 1) return ErrorDeUso("sobra un argumento: " + pos[1]);
+  std::string cifras = "5";
+  for (const OpcionDada& o : leidos.opciones)
+    if (o.larga == "--cifras") cifras = o.valor;
+  // The derivation settings' own range check of the rounding digits.
+  if (CompruebaConfig(cifras, "y", "x"))
+    return ErrorDeUso("--cifras espera un número entre 0 y 300");
+  FormatNum formato;
+  formato.OutFracc(leidos.Tiene("--fracciones"));
+  formato.CifRed(std::stoi(cifras));
+  std::cout << formato.FCoef(pos[0]) << '\n';
+  return kSalidaBien;
 }

@@ -14,8 +14,9 @@ constexpr const char* kUso =
     "  derivar [opciones] [ECUACIÓN]\n"
     "      Deriva la ecuación (o el documento leído de la entrada estándar) e\n"
     "      imprime exactamente lo que la orden Derivar añade al documento.\n"
-    "      -f, --archivo ARCHIVO  lee el documento de ARCHIVO\n"
+    "      -f, --archivo ARCHIVO  lee el documento de ARCHIVO (Windows-1252 o UTF-8)\n"
     "      --escribir             con -f: añade el resultado al archivo y lo guarda\n"
+    "                             en la misma codificación\n"
     "      --pasos                escribe cada paso (DerivarPP)\n"
     "      --vd NOMBRE, --vi NOMBRE  variables dependiente e independiente (y, x)\n"
     "      --cifras N             cifras de redondeo, de 0 a 300 (5)\n"
@@ -33,12 +34,15 @@ constexpr const char* kUso =
     "  despejar EXPRESIÓN VARIABLE\n"
     "      Resuelve EXPRESIÓN = 0 para VARIABLE si tiene la forma a*VARIABLE^n + b.\n"
     "\n"
-    "Un argumento que empiece por -- se escribe detrás de --.\n"
+    "Un argumento que empiece por un solo - es un texto, no una opción (salvo -f\n"
+    "en derivar): \"-y = x^3\" o \"-0.5\" se escriben tal cual. Uno que empiece por\n"
+    "-- se escribe detrás de --, que termina las opciones.\n"
     "\n"
     "  mirkal-cli --help      muestra esta ayuda\n"
     "  mirkal-cli --version   muestra la versión\n"
     "\n"
-    "Estado de salida: 0 correcto, 1 entrada rechazada, 2 uso incorrecto.\n";
+    "Estado de salida: 0 correcto, 1 entrada rechazada, 2 uso incorrecto,\n"
+    "3 fallo de lectura o escritura de un archivo.\n";
 
 } // namespace
 
@@ -52,6 +56,11 @@ int Rechazo(int linea, int columna, const std::string& descripcion) {
   if (linea >= 0) std::cerr << "línea " << linea + 1 << ", columna " << columna + 1 << ": ";
   std::cerr << descripcion << '\n';
   return kSalidaRechazo;
+}
+
+int FalloDeArchivo(const std::string& origen, const std::string& motivo) {
+  std::cerr << "mirkal-cli: " << origen << ": " << motivo << '\n';
+  return kSalidaArchivo;
 }
 
 int main(int argc, char** argv) {

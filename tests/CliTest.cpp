@@ -1,10 +1,19 @@
 // mirkal-cli run as scripts run it: a child process whose standard output,
 // standard error and exit status are all part of the answer. Status 0 is
-// success, 1 a refused input, 2 a usage error.
+// success, 1 a refused input, 2 a usage error, 3 a file that could not be
+// read or written.
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,6 +21,7 @@
 
 namespace {
 
+namespace fs = std::filesystem;
 using prueba::EjecutaCli;
 using prueba::SalidaCli;
 
@@ -91,6 +101,27 @@ TEST(Cli, DerivarYFormato) {
   // clang-format on
 }
 
+// Every command reads its arguments alike: one minus starts a text (a sign),
+// two start an option, and "--" lets a text start with two.
+TEST(Cli, OneMinusStartsATextTwoAnOption) {
+  const std::string uso = "Pruebe 'mirkal-cli --help' para más información.\n";
+  // clang-format off
+  Comprueba({
+      {{"derivar", "-y = x^3"}, 0, kCabecera + "'dy/dx = -3*x^2\n", ""},
+      {{"derivar", "--vd", "t", "-t = x"}, 0, kCabecera + "'dt/dx = -1\n", ""},
+      {{"formato", "-0.5"}, 0, "-.5\n", ""},
+      {{"sintaxis", "-x ^ 2"}, 0, "-x^2\n", ""},
+      {{"despejar", "-2*dy_dx+x", "dy_dx"}, 0, "-x/-2\n", ""},
+      {{"sintaxis", "--", "--x"}, 0, "x\n", ""},
+      {{"derivar", "--", "--vd"}, 1, "", "línea 1, columna 5: Se esperaba =\n"},
+      {{"derivar", "--opcion", "y = x"}, 2, "", "mirkal-cli: opción desconocida: --opcion\n" + uso},
+      {{"formato", "--opcion", "x"}, 2, "", "mirkal-cli: opción desconocida: --opcion\n" + uso},
+      {{"despejar", "--opcion", "x", "y"}, 2, "", "mirkal-cli: opción desconocida: --opcion\n" + uso},
+      {{"derivar", "-f"}, 2, "", "mirkal-cli: falta el valor de -f\n" + uso},
+  });
+  // clang-format on
+}
+
 // Status 2 and some message, with a document waiting on standard input all
 // the same; the usage text is free.
 TEST(Cli, UsageErrors) {
@@ -133,11 +164,147 @@ TEST(Cli, AccentedNamesTravelAsSingleBytes) {
   std::remove(doc.c_str());
 }
 
+// A folder of its own for each test of documents on disk.
+class CliArchivo : public testing::Test {
+protected:
+  void SetUp() override {
+    std::string plantilla = testing::TempDir() + "mirkal-cli-XXXXXX";
+    ASSERT_NE(mkdtemp(plantilla.data()), nullptr);
+    carpeta_ = plantilla;
+    doc_ = carpeta_ + "/doc.txt";
+  }
+  void TearDown() override { fs::remove_all(carpeta_); }
+  std::vector<std::string> Entradas() const {
+    std::vector<std::string> r;
+    for (const auto& e : fs::directory_iterator(carpeta_))
+      r.push_back(e.path().filename().string());
+    std::sort(r.begin(), r.end());
+    return r;
+  }
+  std::string carpeta_, doc_;
+};
+
+// "año = x^2" in each encoding the editor opens, and the text Derivar appends
+// to it in the same encoding.
+struct Codificado {
+  std::string nombre, documento, añadido;
+};
+const std::string kAñadidoAnsi = kCabecera + "'da\xF1o/dx = 2*x";
+const std::string kAñadidoUtf8 = kCabecera + "'da\xC3\xB1o/dx = 2*x";
+const std::vector<Codificado> kCodificados = {
+    {"Windows-1252", "a\xF1o = x^2\r\n", kAñadidoAnsi},
+    {"UTF-8", "a\xC3\xB1o = x^2\r\n", kAñadidoUtf8},
+    {"UTF-8 con BOM",
+     "\xEF\xBB\xBF"
+     "a\xC3\xB1o = x^2\r\n",
+     kAñadidoUtf8},
+};
+
+// Read from -f or from standard input, every encoding gives the same
+// derivative; --escribir writes the file back in the encoding it was read in.
+TEST_F(CliArchivo, DocumentsAreReadAndWrittenInTheirOwnEncoding) {
+  const std::string salida = kAñadidoUtf8 + "\n";
+  for (const Codificado& c : kCodificados) {
+    SCOPED_TRACE(c.nombre);
+    prueba::EscribeArchivo(doc_, c.documento);
+    Comprueba({
+        {{"derivar", "--vd", "a\xC3\xB1o", "-f", doc_}, 0, salida, ""},
+        {{"derivar", "--vd", "a\xC3\xB1o"}, 0, salida, "", c.documento},
+        {{"derivar", "--vd", "a\xC3\xB1o", "-f", doc_, "--escribir"}, 0, "", ""},
+    });
+    EXPECT_EQ(prueba::LeeArchivo(doc_), c.documento + c.añadido);
+  }
+}
+
+// The save replaces the file through a temporary of its own naming: a link
+// still names its file, the permission bits stay, and folders that happen to
+// bear a temporary-looking name are left alone.
+TEST_F(CliArchivo, SavingKeepsTheLinkAndThePermissions) {
+  const std::string documento = "y = x^2\r\n", añadido = kCabecera + "'dy/dx = 2*x";
+  prueba::EscribeArchivo(doc_, documento);
+  fs::permissions(doc_, fs::perms(0640));
+  fs::create_symlink("doc.txt", carpeta_ + "/enlace.txt");
+  fs::create_directory(doc_ + ".mirkal-tmp");
+  fs::create_directory(carpeta_ + "/enlace.txt.mirkal-tmp");
+  const std::vector<std::string> entradas = Entradas();
+  const std::vector<std::string> args = {"derivar", "-f", carpeta_ + "/enlace.txt", "--escribir"};
+
+  Comprueba({{args, 0, "", ""}});
+  EXPECT_TRUE(fs::is_symlink(carpeta_ + "/enlace.txt"));
+  EXPECT_EQ(prueba::LeeArchivo(doc_), documento + añadido);
+  EXPECT_EQ(fs::status(doc_).permissions(), fs::perms(0640));
+  EXPECT_EQ(Entradas(), entradas);
+
+  // A read-only file: the file layer leaves it alone unless the superuser,
+  // who may write anyway, saves it; then it stays read-only.
+  fs::permissions(doc_, fs::perms(0444));
+  const prueba::SalidaCli s = EjecutaCli(args);
+  if (geteuid() == 0) {
+    EXPECT_EQ(s.estado, 0) << s.err;
+    EXPECT_EQ(prueba::LeeArchivo(doc_), documento + añadido + añadido);
+  } else {
+    EXPECT_EQ(s.estado, 3);
+    EXPECT_EQ(s.err, "mirkal-cli: " + carpeta_ +
+                         "/enlace.txt: No se pudo guardar «enlace.txt»: "
+                         "permiso denegado.\n");
+    EXPECT_EQ(prueba::LeeArchivo(doc_), documento + añadido);
+  }
+  EXPECT_EQ(fs::status(doc_).permissions(), fs::perms(0444));
+  EXPECT_TRUE(fs::is_symlink(carpeta_ + "/enlace.txt"));
+  EXPECT_EQ(Entradas(), entradas);
+}
+
+// Status 3 and the file layer's reason, the path first: a file that is not
+// there, a folder, a document the editor could not hold.
+TEST_F(CliArchivo, UnreadableDocumentsExitThree) {
+  const std::string nada = carpeta_ + "/nada.txt";
+  prueba::EscribeArchivo(doc_, "y = x ' \xCF\x80\r\n"); // a pi the code page lacks
+  const std::string pi = "El archivo contiene el carácter «\xCF\x80» (línea 1, columna 9), que "
+                         "el documento no puede guardar.\n";
+  // clang-format off
+  Comprueba({
+      {{"derivar", "-f", nada}, 3, "",
+       "mirkal-cli: " + nada + ": No se pudo abrir «nada.txt»: archivo inexistente.\n"},
+      {{"derivar", "-f", nada, "--escribir"}, 3, "",
+       "mirkal-cli: " + nada + ": No se pudo abrir «nada.txt»: archivo inexistente.\n"},
+      {{"derivar", "-f", carpeta_}, 3, "",
+       "mirkal-cli: " + carpeta_ + ": No se pudo abrir «" + fs::path(carpeta_).filename().string() +
+       "»: es una carpeta.\n"},
+      {{"derivar", "-f", doc_}, 3, "", "mirkal-cli: " + doc_ + ": " + pi},
+      {{"derivar"}, 3, "", "mirkal-cli: entrada estándar: " + pi, prueba::LeeArchivo(doc_)},
+  });
+  // clang-format on
+  EXPECT_EQ(Entradas(), std::vector<std::string>{"doc.txt"});
+}
+
+// A save cut short, which permission bits cannot provoke for the superuser:
+// a file size limit stops the write halfway, as a full disk would.
+TEST_F(CliArchivo, AFailedSaveExitsThreeAndLeavesTheFile) {
+  const std::string documento = "y = x^2\r\n' " + std::string(8000, 'n');
+  prueba::EscribeArchivo(doc_, documento);
+  rlimit antes{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &antes), 0);
+  rlimit corto = antes;
+  corto.rlim_cur = 4096;
+  const auto senal = std::signal(SIGXFSZ, SIG_IGN); // inherited: EFBIG, not a kill
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &corto), 0);
+  const prueba::SalidaCli s = EjecutaCli({"derivar", "-f", doc_, "--escribir"});
+  setrlimit(RLIMIT_FSIZE, &antes);
+  std::signal(SIGXFSZ, senal);
+  EXPECT_EQ(s.estado, 3);
+  EXPECT_EQ(s.out, "");
+  EXPECT_EQ(s.err,
+            "mirkal-cli: " + doc_ + ": No se pudo guardar «doc.txt»: archivo demasiado grande.\n");
+  EXPECT_EQ(prueba::LeeArchivo(doc_), documento);
+  EXPECT_EQ(Entradas(), std::vector<std::string>{"doc.txt"});
+}
+
 TEST(Cli, HelpAndVersion) {
   const SalidaCli ayuda = EjecutaCli({"--help"});
   EXPECT_EQ(ayuda.estado, 0);
   EXPECT_NE(ayuda.out.find("sintaxis"), std::string::npos) << ayuda.out;
   EXPECT_NE(ayuda.out.find("--desigualdad"), std::string::npos) << ayuda.out;
+  EXPECT_NE(ayuda.out.find("3 fallo de lectura o escritura"), std::string::npos) << ayuda.out;
   const SalidaCli version = EjecutaCli({"--version"});
   EXPECT_EQ(version.estado, 0);
   EXPECT_NE(version.out.find(MIRKAL_VERSION), std::string::npos) << version.out;
