@@ -6,7 +6,7 @@
 #include <cmath>
 #include <unordered_map>
 
-#include "algebra/CalcSimbolic.h"
+#include "algebra/CalcInterno.h"
 #include "algebra/Parentesis.h"
 #include "algebra/Piezas.h"
 #include "algebra/TextoNumero.h"
@@ -23,12 +23,12 @@ std::string Limpia(std::string suma) {
 }
 
 std::string Acotado(std::string texto) {
-  if (texto.size() > kMaxTexto) throw ErrorMotor{kErrTextoExcesivo, kDescTextoExcesivo};
+  if (texto.size() > kMaxTexto) throw ErrorMotor(ErrAritmetica::TextoExcesivo);
   return texto;
 }
 
 double Finito(double valor) {
-  if (!std::isfinite(valor)) throw ErrorMotor{kErrDesbordamiento, kDescDesbordamiento};
+  if (!std::isfinite(valor)) throw ErrorMotor(ErrAritmetica::Desbordamiento);
   return valor;
 }
 
@@ -76,7 +76,7 @@ template <class Factores> std::string ClaveLiteral(const Factores& lit) {
 
 } // namespace
 
-bool CalcSimbolic::EsIgual(std::string_view a, std::string_view b) {
+bool MotorCalc::EsIgual(std::string_view a, std::string_view b) {
   if (IgualSinMayusculas(a, b)) return true;
   const Escaneo ea = Escanea(a), eb = Escanea(b);
   std::string_view na, da, nb, db;
@@ -121,7 +121,7 @@ bool RuidoDeSuma(double coef, double mayor, int sumas) {
 // Merges like terms (equal literal parts) by adding their coefficients; a
 // term whose coefficient becomes 0 is dropped, and an untouched term keeps
 // its text.
-std::string CalcSimbolic::SumaDeTerminos(std::string_view texto) {
+std::string MotorCalc::SumaDeTerminos(std::string_view texto) {
   const Escaneo e = Escanea(texto);
   struct Acumulado {
     const Termino* termino;
@@ -162,7 +162,7 @@ std::string CalcSimbolic::SumaDeTerminos(std::string_view texto) {
 
 // Brings both operands over one common denominator, so that a sum never
 // leaves two fractions side by side.
-std::string CalcSimbolic::SumaFracciones(std::string_view l, std::string_view r, bool resta) {
+std::string MotorCalc::SumaFracciones(std::string_view l, std::string_view r, bool resta) {
   const Escaneo el = Escanea(l), er = Escanea(r);
   std::string_view nl = l, dl, nr = r, dr;
   const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
@@ -180,16 +180,16 @@ std::string CalcSimbolic::SumaFracciones(std::string_view l, std::string_view r,
   return suma(l, r);
 }
 
-std::string CalcSimbolic::SumaExp(std::string_view l, std::string_view r) {
+std::string MotorCalc::SumaExp(std::string_view l, std::string_view r) {
   return SumaFracciones(l, r, false);
 }
 
-std::string CalcSimbolic::RestaExp(std::string_view l, std::string_view r) {
+std::string MotorCalc::RestaExp(std::string_view l, std::string_view r) {
   return SumaFracciones(l, r, true);
 }
 
 // Every term changes sign: the negation of x-y is -x+y.
-std::string CalcSimbolic::NegExp(std::string_view t) {
+std::string MotorCalc::NegExp(std::string_view t) {
   const Escaneo e = Escanea(t);
   std::string out;
   for (const Termino& termino : Terminos(e)) {
@@ -205,7 +205,7 @@ std::string CalcSimbolic::NegExp(std::string_view t) {
 
 // Coefficients multiply; factors with equal bases merge into one whose
 // exponent is the sum of theirs.
-std::string CalcSimbolic::ProductoDeTerminos(const Termino& a, const Termino& b) {
+std::string MotorCalc::ProductoDeTerminos(const Termino& a, const Termino& b) {
   struct Mezcla {
     const Factor* factor;
     std::string exp; // the merged exponent, when merged
@@ -247,13 +247,13 @@ std::string CalcSimbolic::ProductoDeTerminos(const Termino& a, const Termino& b)
 }
 
 // Products of sums are expanded: every term of one by every term of the other.
-std::string CalcSimbolic::ProductoExpandido(std::string_view l, std::string_view r) {
+std::string MotorCalc::ProductoExpandido(std::string_view l, std::string_view r) {
   const Escaneo el = Escanea(l), er = Escanea(r);
   const auto tl = Terminos(el), tr = Terminos(er);
   // Refuse before building: the expansion writes every term of one side once
   // for each term of the other.
   if (l.size() * tr.size() + r.size() * tl.size() > kMaxTexto)
-    throw ErrorMotor{kErrTextoExcesivo, kDescTextoExcesivo};
+    throw ErrorMotor(ErrAritmetica::TextoExcesivo);
   std::string suma;
   for (const Termino& a : tl)
     for (const Termino& b : tr)
@@ -261,7 +261,7 @@ std::string CalcSimbolic::ProductoExpandido(std::string_view l, std::string_view
   return Acotado(SumaDeTerminos(suma.empty() ? "0" : suma));
 }
 
-std::string CalcSimbolic::MultExp(std::string_view l, std::string_view r) {
+std::string MotorCalc::MultExp(std::string_view l, std::string_view r) {
   const Escaneo el = Escanea(l), er = Escanea(r);
   std::string_view nl = l, dl, nr = r, dr;
   const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
@@ -275,7 +275,7 @@ std::string CalcSimbolic::MultExp(std::string_view l, std::string_view r) {
 // ---------------------------------------------------------------------------
 // Quotients
 
-std::string CalcSimbolic::DivExp(std::string_view l, std::string_view r) {
+std::string MotorCalc::DivExp(std::string_view l, std::string_view r) {
   // The operands' own fractions first: (a/b)/(c/d) is (a*d)/(b*c).
   const Escaneo el = Escanea(l), er = Escanea(r);
   std::string_view nl = l, dl, nr = r, dr;
@@ -287,10 +287,10 @@ std::string CalcSimbolic::DivExp(std::string_view l, std::string_view r) {
 }
 
 // The quotient's rules for one numerator and one denominator, first match wins.
-std::string CalcSimbolic::Cociente(std::string_view num, std::string_view den) {
+std::string MotorCalc::Cociente(std::string_view num, std::string_view den) {
   if (den == "1") return std::string(num);
   if (den == "-1") return NegExp(num);
-  if (den == "0") throw ErrorMotor{NumeroError(6), ""};
+  if (den == "0") throw ErrorMotor(ErrCalc::DivisionPorCero);
   if (num == "0") return "0";
   if (calcExpNum_ && EsNumero(den)) {
     const double d = LeeNumero(den);
@@ -313,7 +313,7 @@ std::string CalcSimbolic::Cociente(std::string_view num, std::string_view den) {
 // ---------------------------------------------------------------------------
 // Powers
 
-std::string CalcSimbolic::PotExp(std::string_view l, std::string_view r) {
+std::string MotorCalc::PotExp(std::string_view l, std::string_view r) {
   if (r == "0") return "1";
   if (r == "1") return std::string(l);
   if (l == "0") return "0";

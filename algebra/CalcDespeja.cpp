@@ -1,16 +1,15 @@
 // Solving a*x^n + b = 0 for x: the only equations the calculator solves.
 
-#include "algebra/CalcSimbolic.h"
+#include "algebra/CalcInterno.h"
 #include "algebra/Parentesis.h"
 #include "algebra/Piezas.h"
 #include "algebra/TextoNumero.h"
 #include "lang/Cp1252.h"
 #include "lang/Errores.h"
 
-std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& var) {
+std::string MotorCalc::Desp_axNb(const std::string& exp, const std::string& var) {
   errNumber_ = 0;
-  escaneos_.clear();
-  trabajo_ = 0;
+  Empieza();
   try {
     std::string numerador = SimplExp(Utf8ACp1252(exp));
     const std::string variable = Utf8ACp1252(var);
@@ -20,7 +19,7 @@ std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& v
     // what a quotient kept whole, such as the negated sum of
     // -(x*dy_dx-y)/x^2, becomes a sum of terms.
     for (int vuelta = 0;; ++vuelta) {
-      if (vuelta > 8) throw ErrorMotor{NumeroError(7), ""};
+      if (vuelta > 8) throw ErrorMotor(ErrCalc::NoDespeja);
       std::string_view num, den;
       if (Fraccion(Escanea(numerador), num, den)) {
         numerador = SimplExp(num, true);
@@ -28,20 +27,20 @@ std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& v
       }
       if (DescomponAxNb(numerador, variable, a, b, n)) break;
       std::string otra = SimplExp(numerador, true);
-      if (vuelta >= 3 || otra == numerador) throw ErrorMotor{NumeroError(7), ""};
+      if (vuelta >= 3 || otra == numerador) throw ErrorMotor(ErrCalc::NoDespeja);
       numerador = std::move(otra);
     }
     return Cp1252AUtf8(SimplExp("(-(" + b + ")/(" + a + "))^(1/" + n + ")", true));
   } catch (const ErrorMotor& e) {
-    AtrapaError(e.numero, e.descripcion);
+    AtrapaError(e);
     return "";
   }
 }
 
 // exp = A*var^N + B: A sums the coefficients of the terms that hold var, B
 // the terms that do not, and every term holding var has the same exponent N.
-bool CalcSimbolic::DescomponAxNb(std::string_view exp, std::string_view var, std::string& a,
-                                 std::string& b, std::string& n) {
+bool MotorCalc::DescomponAxNb(std::string_view exp, std::string_view var, std::string& a,
+                              std::string& b, std::string& n) {
   const std::string nombre = EnMayusculas(var);
   const Escaneo e = Escanea(exp);
   // Whether a text holds var as a whole identifier.

@@ -2,24 +2,24 @@
 // scanning lexer, and then read as a fraction, as a list of terms or as a
 // list of factors, always at parenthesis depth 0.
 
-#include "algebra/CalcSimbolic.h"
+#include "algebra/CalcInterno.h"
 #include "algebra/Parentesis.h"
 #include "lang/Caracteres.h"
 #include "lang/ConvierteNumero.h"
 #include "lang/Cp1252.h"
 #include "lang/Errores.h"
 
-std::string_view CalcSimbolic::Escaneo::Trozo(int t0, int t1) const {
+std::string_view MotorCalc::Escaneo::Trozo(int t0, int t1) const {
   if (t0 >= t1)
     return texto.substr(t0 < static_cast<int>(toks.size()) ? toks[t0].ini : texto.size(), 0);
   return texto.substr(toks[t0].ini, toks[t1 - 1].fin - toks[t0].ini);
 }
 
-CalcSimbolic::Escaneo CalcSimbolic::Escanea(std::string_view texto) {
+MotorCalc::Escaneo MotorCalc::Escanea(std::string_view texto) {
   // Every text examined counts against the work of one call: sums over a
   // common denominator can stay moderate in size yet take very long.
   trabajo_ += texto.size() + 16;
-  if (trabajo_ > kMaxTrabajo) throw ErrorMotor{kErrTextoExcesivo, kDescTextoExcesivo};
+  if (trabajo_ > kMaxTrabajo) throw ErrorMotor(ErrAritmetica::TextoExcesivo);
   auto [sitio, nuevo] = escaneos_.try_emplace(std::string(texto));
   if (nuevo) {
     lexS_.BufferBytes(sitio->first);
@@ -32,14 +32,14 @@ CalcSimbolic::Escaneo CalcSimbolic::Escanea(std::string_view texto) {
 }
 
 // Exactly one number token: "-2" and 2*3 are not numbers.
-bool CalcSimbolic::EsNumero(std::string_view texto) {
+bool MotorCalc::EsNumero(std::string_view texto) {
   if (texto.empty() || !(EsDigito(static_cast<unsigned char>(texto[0])) || texto[0] == '.'))
     return false; // what the lexer would read as no number at all
   const Escaneo e = Escanea(texto);
   return e.toks.size() == 1 && e.toks[0].tipo == kNum;
 }
 
-int CalcSimbolic::BuscaOp(const Escaneo& e, unsigned ops, int desde, int hasta) {
+int MotorCalc::BuscaOp(const Escaneo& e, unsigned ops, int desde, int hasta) {
   const int n = hasta < 0 ? static_cast<int>(e.toks.size()) : hasta;
   int nivel = 0;
   for (int i = desde; i < n; ++i) {
@@ -58,7 +58,7 @@ int CalcSimbolic::BuscaOp(const Escaneo& e, unsigned ops, int desde, int hasta) 
   return -1;
 }
 
-bool CalcSimbolic::TieneBinario(const Escaneo& e, unsigned ops) {
+bool MotorCalc::TieneBinario(const Escaneo& e, unsigned ops) {
   int i = BuscaOp(e, ops);
   if (i == 0) i = BuscaOp(e, ops, 1); // a leading sign: token 1 is still outside parentheses
   return i > 0;
@@ -69,7 +69,7 @@ bool CalcSimbolic::TieneBinario(const Escaneo& e, unsigned ops) {
 // unless what they enclose is itself a quotient: "(a/b)/c" keeps "(a/b)" as
 // its numerator, which is no fraction. A quotient wholly in parentheses, as a
 // power brings back its base "(x/y)", is a fraction too.
-bool CalcSimbolic::Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den) {
+bool MotorCalc::Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den) {
   const int barra = BuscaOp(e, Op(kEntre));
   if (barra < 0) {
     const std::string_view dentro = SinParentesis(e.texto);
@@ -80,7 +80,7 @@ bool CalcSimbolic::Fraccion(const Escaneo& e, std::string_view& num, std::string
   return true;
 }
 
-std::string_view CalcSimbolic::LadoDeFraccion(std::string_view lado) {
+std::string_view MotorCalc::LadoDeFraccion(std::string_view lado) {
   const std::string_view dentro = SinParentesis(lado);
   if (dentro.size() == lado.size() || BuscaOp(Escanea(dentro), Op(kEntre)) < 0) return dentro;
   return lado;
@@ -88,14 +88,14 @@ std::string_view CalcSimbolic::LadoDeFraccion(std::string_view lado) {
 
 namespace {
 
-bool EsSigno(int tipo) { return tipo == CalcSimbolic::kMas || tipo == CalcSimbolic::kMenos; }
+bool EsSigno(int tipo) { return tipo == MotorCalc::kMas || tipo == MotorCalc::kMenos; }
 
 } // namespace
 
 // The terms of a text: the pieces between the "+" and "-" operators outside
 // parentheses. A run of signs at the start of a term gives its sign; a sign
 // that leads a factor ("2*-x") is folded into the term's sign too.
-std::vector<CalcSimbolic::Termino> CalcSimbolic::Terminos(const Escaneo& e) {
+std::vector<MotorCalc::Termino> MotorCalc::Terminos(const Escaneo& e) {
   std::vector<Termino> terminos;
   const int n = static_cast<int>(e.toks.size());
   int i = 0;
@@ -108,41 +108,47 @@ std::vector<CalcSimbolic::Termino> CalcSimbolic::Terminos(const Escaneo& e) {
     if (fin < 0) fin = n;
 
     Termino t{negativo, e.Trozo(ini, fin), 1.0, {}};
-    // Factors: the pieces between "*" (or "·") outside parentheses.
-    int nivel = 0;
-    for (int f0 = ini, k = ini; k <= fin; ++k) {
-      const int tipo = k < fin ? e.toks[k].tipo : kPor;
-      if (tipo == kAbre)
-        ++nivel;
-      else if (tipo == kCierra)
-        --nivel;
-      if (k < fin && (tipo != kPor || nivel != 0)) continue;
-      int a = f0;
-      for (; a < k && EsSigno(e.toks[a].tipo); ++a)
-        if (e.toks[a].tipo == kMenos) t.negativo = !t.negativo;
-      f0 = k + 1;
-      if (a == k) continue; // an empty factor cannot come from a parsed text
-      if (k - a == 1 && e.toks[a].tipo == kNum) {
-        t.coef *= LeeNumero(e.Trozo(a, k));
-        continue;
-      }
-      Factor f{e.Trozo(a, k), e.Trozo(a, k), {}, {}, "1"};
-      // A factor holding a "/" is a base as a whole: its "^" may belong to
-      // the numerator only.
-      if (BuscaOp(e, Op(kEntre), a, k) < 0) {
-        const int sombrero = BuscaOp(e, Op(kPotencia), a, k);
-        if (sombrero >= 0) {
-          f.base = e.Trozo(a, sombrero);
-          f.exp = e.Trozo(sombrero + 1, k);
-          f.claveExp = EnMayusculas(SinParentesis(f.exp));
-        }
-      }
-      f.clave = EnMayusculas(SinParentesis(f.base));
-      t.lit.push_back(std::move(f));
-    }
+    LeeFactores(e, ini, fin, t);
     if (t.negativo) t.coef = -t.coef;
     terminos.push_back(std::move(t));
     i = fin;
   }
   return terminos;
+}
+
+// The factors of the term in tokens [ini, fin): the pieces between "*" (or
+// "·") outside parentheses. Plain numbers multiply into the coefficient;
+// every other factor is split into base and exponent.
+void MotorCalc::LeeFactores(const Escaneo& e, int ini, int fin, Termino& t) {
+  int nivel = 0;
+  for (int f0 = ini, k = ini; k <= fin; ++k) {
+    const int tipo = k < fin ? e.toks[k].tipo : kPor;
+    if (tipo == kAbre)
+      ++nivel;
+    else if (tipo == kCierra)
+      --nivel;
+    if (k < fin && (tipo != kPor || nivel != 0)) continue;
+    int a = f0;
+    for (; a < k && EsSigno(e.toks[a].tipo); ++a)
+      if (e.toks[a].tipo == kMenos) t.negativo = !t.negativo;
+    f0 = k + 1;
+    if (a == k) continue; // an empty factor cannot come from a parsed text
+    if (k - a == 1 && e.toks[a].tipo == kNum) {
+      t.coef *= LeeNumero(e.Trozo(a, k));
+      continue;
+    }
+    Factor f{e.Trozo(a, k), e.Trozo(a, k), {}, {}, "1"};
+    // A factor holding a "/" is a base as a whole: its "^" may belong to
+    // the numerator only.
+    if (BuscaOp(e, Op(kEntre), a, k) < 0) {
+      const int sombrero = BuscaOp(e, Op(kPotencia), a, k);
+      if (sombrero >= 0) {
+        f.base = e.Trozo(a, sombrero);
+        f.exp = e.Trozo(sombrero + 1, k);
+        f.claveExp = EnMayusculas(SinParentesis(f.exp));
+      }
+    }
+    f.clave = EnMayusculas(SinParentesis(f.base));
+    t.lit.push_back(std::move(f));
+  }
 }

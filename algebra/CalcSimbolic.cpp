@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "algebra/CalcInterno.h"
 #include "algebra/FuncionesNum.h"
 #include "algebra/TextoNumero.h"
 #include "lang/Aviso.h"
@@ -12,7 +13,7 @@
 
 namespace {
 
-// Messages of the calculator's own errors, by code (0 has none).
+// Messages of the calculator's user-input errors, by code (0 has none).
 constexpr std::array<const char*, 8> kMensajes = {
     "",
     "Se esperaba '('.",
@@ -28,49 +29,86 @@ constexpr std::array<const char*, 8> kMensajes = {
 constexpr double kValorPi = 3.14159265358979;
 constexpr double kValorE = 2.71828182845905;
 
-[[noreturn]] void Error(int codigo) { throw ErrorMotor{NumeroError(codigo), ""}; }
+// The error raised when a token is expected and absent.
+constexpr std::array<std::pair<int, ErrCalc>, 4> kEsperados = {{
+    {MotorCalc::kAbre, ErrCalc::EsperaAbre},
+    {MotorCalc::kCierra, ErrCalc::EsperaCierra},
+    {MotorCalc::kFA, ErrCalc::EsperaFin},
+    {MotorCalc::kIgual, ErrCalc::EsperaIgual},
+}};
 
 void Configura(AnaLex& lex) {
   lex.IgnFL(false);
-  lex.AñadeOpr(CalcSimbolic::kMas, "+");
-  lex.AñadeOpr(CalcSimbolic::kMenos, "-");
-  lex.AñadeOpr(CalcSimbolic::kPor, "*");
-  lex.AñadeOpr(CalcSimbolic::kPor, "·");
-  lex.AñadeOpr(CalcSimbolic::kEntre, "/");
-  lex.AñadeOpr(CalcSimbolic::kPotencia, "^");
-  lex.AñadeOpr(CalcSimbolic::kAbre, "(");
-  lex.AñadeOpr(CalcSimbolic::kCierra, ")");
-  lex.AñadeOpr(CalcSimbolic::kIgual, "=");
+  lex.AñadeOpr(MotorCalc::kMas, "+");
+  lex.AñadeOpr(MotorCalc::kMenos, "-");
+  lex.AñadeOpr(MotorCalc::kPor, "*");
+  lex.AñadeOpr(MotorCalc::kPor, "·");
+  lex.AñadeOpr(MotorCalc::kEntre, "/");
+  lex.AñadeOpr(MotorCalc::kPotencia, "^");
+  lex.AñadeOpr(MotorCalc::kAbre, "(");
+  lex.AñadeOpr(MotorCalc::kCierra, ")");
+  lex.AñadeOpr(MotorCalc::kIgual, "=");
   for (std::size_t i = 0; i < kFunciones.size(); ++i)
-    lex.AñadePC(CalcSimbolic::kPrimeraFuncion + static_cast<int>(i), std::string(kFunciones[i]));
-  lex.AñadePC(CalcSimbolic::kPi, "pi");
-  lex.AñadePC(CalcSimbolic::kE, "e");
-  lex.IndCom(CalcSimbolic::kCom);
-  lex.IndFL(CalcSimbolic::kFL);
-  lex.IndFA(CalcSimbolic::kFA);
-  lex.IndCad(CalcSimbolic::kCad);
-  lex.IndNum(CalcSimbolic::kNum);
-  lex.IndId(CalcSimbolic::kId);
-  lex.IndPC(CalcSimbolic::kPC);
-  lex.IndOpr(CalcSimbolic::kOpr);
-  lex.IndDesc(CalcSimbolic::kDesc);
+    lex.AñadePC(MotorCalc::kPrimeraFuncion + static_cast<int>(i), std::string(kFunciones[i]));
+  lex.AñadePC(MotorCalc::kPi, "pi");
+  lex.AñadePC(MotorCalc::kE, "e");
+  lex.IndCom(MotorCalc::kCom);
+  lex.IndFL(MotorCalc::kFL);
+  lex.IndFA(MotorCalc::kFA);
+  lex.IndCad(MotorCalc::kCad);
+  lex.IndNum(MotorCalc::kNum);
+  lex.IndId(MotorCalc::kId);
+  lex.IndPC(MotorCalc::kPC);
+  lex.IndOpr(MotorCalc::kOpr);
+  lex.IndDesc(MotorCalc::kDesc);
 }
 
 } // namespace
 
-CalcSimbolic::CalcSimbolic() {
+// ---------------------------------------------------------------------------
+// The public class: every call goes to the workings.
+
+CalcSimbolic::CalcSimbolic() : motor_(std::make_unique<MotorCalc>()) {}
+CalcSimbolic::~CalcSimbolic() = default;
+CalcSimbolic::CalcSimbolic(const CalcSimbolic& otra)
+    : motor_(std::make_unique<MotorCalc>(*otra.motor_)) {}
+CalcSimbolic& CalcSimbolic::operator=(const CalcSimbolic& otra) {
+  motor_ = std::make_unique<MotorCalc>(*otra.motor_);
+  return *this;
+}
+CalcSimbolic::CalcSimbolic(CalcSimbolic&&) noexcept = default;
+CalcSimbolic& CalcSimbolic::operator=(CalcSimbolic&&) noexcept = default;
+
+std::string CalcSimbolic::ErrDesc() const { return motor_->errDesc_; }
+std::int32_t CalcSimbolic::ErrNumber() const { return motor_->errNumber_; }
+bool CalcSimbolic::CalcExpNum() const { return motor_->calcExpNum_; }
+void CalcSimbolic::CalcExpNum(bool valor) {
+  motor_->calcExpNum_ = valor;
+  motor_->resolveConst_ = true;
+}
+bool CalcSimbolic::ResolveConst() const { return motor_->resolveConst_; }
+void CalcSimbolic::ResolveConst(bool valor) { motor_->resolveConst_ = valor; }
+std::string CalcSimbolic::PuntoDec() const { return motor_->puntoDec_; }
+void CalcSimbolic::PuntoDec(const std::string& separador) { motor_->PuntoDec(separador); }
+std::string CalcSimbolic::Calc(const std::string& exp) { return motor_->Calc(exp); }
+bool CalcSimbolic::IguCero(std::string& ecu) { return motor_->IguCero(ecu); }
+std::string CalcSimbolic::Desp_axNb(const std::string& exp, const std::string& var) {
+  return motor_->Desp_axNb(exp, var);
+}
+int CalcSimbolic::CifRedInt() const { return motor_->cifRedInt_; }
+void CalcSimbolic::CifRedInt(int valor) { motor_->cifRedInt_ = valor; }
+
+// ---------------------------------------------------------------------------
+// The public calls under their traps
+
+MotorCalc::MotorCalc() {
   Configura(lexP_);
   Configura(lexS_);
   lexP_.IgnCom(true);
   PuntoDec(".");
 }
 
-void CalcSimbolic::CalcExpNum(bool valor) {
-  calcExpNum_ = valor;
-  resolveConst_ = true;
-}
-
-void CalcSimbolic::PuntoDec(const std::string& separador) {
+void MotorCalc::PuntoDec(const std::string& separador) {
   if (separador != "." && separador != ",") {
     Avisa(".CalcSimbolic", "El separador decimal sólo puede ser el punto o la coma.");
     return;
@@ -79,22 +117,25 @@ void CalcSimbolic::PuntoDec(const std::string& separador) {
   lexP_.PuntoDec(separador);
 }
 
-std::string CalcSimbolic::Calc(const std::string& exp) {
-  errNumber_ = 0;
+void MotorCalc::Empieza() {
   escaneos_.clear();
   trabajo_ = 0;
+}
+
+std::string MotorCalc::Calc(const std::string& exp) {
+  errNumber_ = 0;
+  Empieza();
   try {
     return Cp1252AUtf8(SimplExp(Utf8ACp1252(exp)));
   } catch (const ErrorMotor& e) {
-    AtrapaError(e.numero, e.descripcion);
+    AtrapaError(e);
     return "";
   }
 }
 
 /// iguala-cero ::= expr "=" expr fin
-bool CalcSimbolic::IguCero(std::string& ecu) {
-  escaneos_.clear();
-  trabajo_ = 0;
+bool MotorCalc::IguCero(std::string& ecu) {
+  Empieza();
   try {
     CargaTexto(Utf8ACp1252(ecu));
     const std::string l = Expr();
@@ -110,55 +151,37 @@ bool CalcSimbolic::IguCero(std::string& ecu) {
   }
 }
 
-void CalcSimbolic::AtrapaError(std::int32_t numero, const std::string& descripcion) {
-  errNumber_ = numero;
-  if (EsErrorDeUsuario(numero)) {
-    const auto codigo = static_cast<std::uint32_t>(numero) - kBaseErrores;
-    errDesc_ = codigo < kMensajes.size() ? kMensajes[codigo] : "";
-  } else {
-    errDesc_ = descripcion;
-  }
+void MotorCalc::AtrapaError(const ErrorMotor& error) {
+  errNumber_ = error.numero;
+  errDesc_ = DescripcionDe(error, kMensajes);
 }
 
 // ---------------------------------------------------------------------------
 // Parser
 
-std::string CalcSimbolic::SimplExp(std::string_view texto, bool propio) {
+std::string MotorCalc::SimplExp(std::string_view texto, bool propio) {
   CargaTexto(texto, propio);
   std::string resultado = Expr();
   Espera(kFA);
   return resultado;
 }
 
-void CalcSimbolic::CargaTexto(std::string_view texto, bool propio) {
+void MotorCalc::CargaTexto(std::string_view texto, bool propio) {
   lexP_.PuntoDec(propio ? "." : puntoDec_);
   lexP_.BufferBytes(std::string(texto));
   anidamiento_ = 0;
   Avanza();
 }
 
-void CalcSimbolic::Avanza() { token_ = lexP_.SgtToken(); }
+void MotorCalc::Avanza() { token_ = lexP_.SgtToken(); }
 
-void CalcSimbolic::Espera(int tipo) {
-  if (token_ != tipo) {
-    switch (tipo) {
-    case kAbre:
-      Error(1);
-    case kCierra:
-      Error(2);
-    case kFA:
-      Error(5);
-    case kIgual:
-      Error(4);
-    default:
-      Error(0);
-    }
-  }
+void MotorCalc::Espera(int tipo) {
+  if (token_ != tipo) throw ErrorMotor(ErrorDeEsperado(tipo, kEsperados));
   Avanza();
 }
 
 /// expr ::= termino { ("+" | "-") termino }      left-associative
-std::string CalcSimbolic::Expr() {
+std::string MotorCalc::Expr() {
   std::string l = TerminoExp();
   while (token_ == kMas || token_ == kMenos) {
     const bool resta = token_ == kMenos;
@@ -170,7 +193,7 @@ std::string CalcSimbolic::Expr() {
 }
 
 /// termino ::= signado { ("*" | "·" | "/") signado }      left-associative
-std::string CalcSimbolic::TerminoExp() {
+std::string MotorCalc::TerminoExp() {
   std::string l = Signado();
   while (token_ == kPor || token_ == kEntre) {
     const bool division = token_ == kEntre;
@@ -182,14 +205,14 @@ std::string CalcSimbolic::TerminoExp() {
 }
 
 /// signado ::= signos potencia      a leading "-" binds looser than "^"
-std::string CalcSimbolic::Signado() {
+std::string MotorCalc::Signado() {
   const bool negativo = Signos();
   std::string valor = Potencia();
   return negativo ? NegExp(valor) : valor;
 }
 
 /// signos ::= { "+" | "-" }      returns whether the net sign is negative
-bool CalcSimbolic::Signos() {
+bool MotorCalc::Signos() {
   bool negativo = false;
   while (token_ == kMas || token_ == kMenos) {
     if (token_ == kMenos) negativo = !negativo;
@@ -199,7 +222,7 @@ bool CalcSimbolic::Signos() {
 }
 
 /// potencia ::= primario { "^" base-signada }      LEFT-associative: a^b^c is (a^b)^c
-std::string CalcSimbolic::Potencia() {
+std::string MotorCalc::Potencia() {
   std::string l = Primario();
   while (token_ == kPotencia) {
     Avanza();
@@ -210,16 +233,16 @@ std::string CalcSimbolic::Potencia() {
 }
 
 /// base-signada ::= signos primario      an exponent may carry its own sign: x^-2
-std::string CalcSimbolic::BaseSignada() {
+std::string MotorCalc::BaseSignada() {
   const bool negativo = Signos();
   std::string valor = Primario();
   return negativo ? NegExp(valor) : valor;
 }
 
 /// primario ::= "(" expr ")" | funcion | constante | numero | variable
-std::string CalcSimbolic::Primario() {
+std::string MotorCalc::Primario() {
   if (token_ == kAbre || (token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion)) {
-    if (++anidamiento_ > kMaxAnidamientoCalc) throw ErrorMotor{kErrAnidamiento, kDescAnidamiento};
+    if (++anidamiento_ > kMaxAnidamientoCalc) throw ErrorMotor(ErrAritmetica::Anidamiento);
     std::string valor;
     if (token_ == kAbre) {
       Avanza();
@@ -240,14 +263,14 @@ std::string CalcSimbolic::Primario() {
   } else if (token_ == kId) {
     valor = std::string(lexP_.LexBytes());
   } else {
-    Error(3);
+    throw ErrorMotor(ErrCalc::EsperaExpresion);
   }
   Avanza();
   return valor;
 }
 
 /// funcion ::= nombre "(" expr ")"
-std::string CalcSimbolic::Funcion() {
+std::string MotorCalc::Funcion() {
   const std::string nombre(lexP_.LexBytes());
   const int tipo = token_;
   Avanza();

@@ -23,9 +23,16 @@ constexpr std::array<const char*, 6> kMensajes = {
 
 constexpr char kPunto = static_cast<char>(0xB7); // "·", the second spelling of the product
 
-struct Fallo {
-  int codigo;
-};
+// One derivation's own bounds, before the final solving. The bytes its
+// rewriting loop may copy: every pass copies, and scans, the whole working
+// text, so a sum of ten thousand terms would take seconds; the largest
+// benchmarked derivations copy about 110 MB, and this bound is reached in
+// well under a second. The bytes it may keep as steps: step by step, each
+// pass keeps a copy of the working text, and without a bound a sum of a few
+// hundred products would keep hundreds of megabytes. The working text itself
+// is held to the calculator's kMaxTexto.
+constexpr std::size_t kMaxTrabajoDerivada = 128 * 1024 * 1024;
+constexpr std::size_t kMaxPasosDerivada = 32 * 1024 * 1024;
 
 bool EsOperadorProducto(char c) { return c == '*' || c == kPunto || c == '/' || c == '^'; }
 
@@ -107,6 +114,14 @@ void ReemplazaTodo(std::string& t, std::string_view de, std::string_view a) {
     t.replace(p, de.size(), a);
 }
 
+// The working text as a step shows it: each mark "@(" ... ")@" written as
+// `abre` ... `cierra`.
+std::string EscribeMarcas(std::string w, std::string_view abre, std::string_view cierra) {
+  ReemplazaTodo(w, "@(", abre);
+  ReemplazaTodo(w, ")@", cierra);
+  return w;
+}
+
 } // namespace
 
 Derivada::Derivada() = default;
@@ -116,11 +131,17 @@ Derivada& Derivada::operator=(Derivada&&) noexcept = default;
 
 std::string Derivada::NombreDifer() const { return "d" + varDep_ + "_d" + varInd_; }
 
-void Derivada::Falla(int codigo) {
-  errNumber_ = NumeroError(codigo);
-  errDesc_ = codigo >= 1 && codigo < static_cast<int>(kMensajes.size()) ? kMensajes[codigo] : "";
-  errLin_ = -1;
-  errCol_ = errLen_ = 0;
+void Derivada::Registra(std::int32_t numero, std::string descripcion, int lin, int col, int len) {
+  errNumber_ = numero;
+  errDesc_ = std::move(descripcion);
+  errLin_ = lin;
+  errCol_ = col;
+  errLen_ = len;
+}
+
+// The derivation's own errors have no place in the text.
+void Derivada::Falla(const ErrorMotor& error) {
+  Registra(error.numero, DescripcionDe(error, kMensajes));
 }
 
 void Derivada::VarDep(const std::string& nombre) { FijaVariable(varDep_, nombre, varInd_); }
@@ -129,9 +150,12 @@ void Derivada::VarInd(const std::string& nombre) { FijaVariable(varInd_, nombre,
 void Derivada::FijaVariable(std::string& destino, const std::string& nombre,
                             const std::string& otra) {
   const std::string mayus = EnMayusculas(Utf8ACp1252(nombre));
-  if (mayus == EnMayusculas(Utf8ACp1252(NombreDifer()))) return Falla(1);
-  if (!EsIdentificador(Utf8ACp1252(nombre))) return Falla(2);
-  if (mayus == EnMayusculas(Utf8ACp1252(otra))) return Falla(4);
+  if (mayus == EnMayusculas(Utf8ACp1252(NombreDifer())))
+    return Falla(ErrorMotor(ErrDerivada::NombreInterno));
+  if (!EsIdentificador(Utf8ACp1252(nombre)))
+    return Falla(ErrorMotor(ErrDerivada::IdentificadorNoValido));
+  if (mayus == EnMayusculas(Utf8ACp1252(otra)))
+    return Falla(ErrorMotor(ErrDerivada::VariablesIguales));
   destino = nombre;
 }
 
@@ -141,74 +165,86 @@ std::string Derivada::Paso(int i) const {
 
 void Derivada::AgregaPaso(const std::string& texto) {
   tamPasos_ += texto.size();
-  if (tamPasos_ > kMaxPasosDerivada) throw Fallo{5};
+  if (tamPasos_ > kMaxPasosDerivada) throw ErrorMotor(ErrDerivada::CreceEnExceso);
   pasos_.push_back(Cp1252AUtf8(texto));
 }
 
 std::string Derivada::Derivar(const std::string& ecuacion) {
-  errNumber_ = 0;
-  errDesc_.clear();
-  errLin_ = -1;
-  errCol_ = errLen_ = 0;
+  Empieza();
+  try {
+    std::string expr;
+    if (!PreparaEcuacion(ecuacion, expr)) return "";
+    std::string w = MarcaEcuacion(expr);
+    ResuelveMarcas(w);
+    return Despeja(w);
+  } catch (const ErrorMotor& e) {
+    Falla(e);
+    return "";
+  }
+}
+
+// A derivation starts with no error and no steps, and with the variables as
+// the rules compare them.
+void Derivada::Empieza() {
+  Registra(0, "");
   pasos_.clear();
   tamPasos_ = 0;
   depMayus_ = EnMayusculas(Utf8ACp1252(varDep_));
   indMayus_ = EnMayusculas(Utf8ACp1252(varInd_));
   if (!sintaxis_) sintaxis_ = std::make_unique<SintaxExp>();
   if (!calc_) calc_ = std::make_unique<CalcSimbolic>();
-  try {
-    // PreparaEcuacion: the working text is the checker's normalised Expr.
-    if (!sintaxis_->SintaxEcu(ecuacion)) {
-      errNumber_ = sintaxis_->ErrNumber();
-      errLin_ = sintaxis_->ErrLin();
-      errCol_ = sintaxis_->ErrCol();
-      errLen_ = sintaxis_->ErrLen();
-      errDesc_ = sintaxis_->ErrDesc();
-      return "";
-    }
-    const std::string expr = Utf8ACp1252(sintaxis_->Expr());
-    const std::string difer = Utf8ACp1252(NombreDifer());
-    if (CuentaVar(expr, EnMayusculas(difer)) > 0) throw Fallo{1};
+}
 
-    // MarcaEcuacion: the derivative of L-(R) is pending.
-    const std::size_t igual = expr.find('=');
-    std::string w = "@(" + expr.substr(0, igual) + "-(" + expr.substr(igual + 1) + "))@";
-    if (pasToPas_) {
-      std::string paso = w + " = 0";
-      ReemplazaTodo(paso, "@(", "");
-      ReemplazaTodo(paso, ")@", "");
-      AgregaPaso(paso + " -->");
-    }
-    std::size_t copiado = 0;
-    for (std::size_t p1 = w.find('@'); p1 != std::string::npos; p1 = w.find('@')) {
-      if (pasToPas_) {
-        std::string paso = w;
-        ReemplazaTodo(paso, "@(", "D(");
-        ReemplazaTodo(paso, ")@", ")");
-        AgregaPaso(std::string(SinParentesis(paso)) + " = ");
-      }
-      // SeparaMarca: prefix "@(" inner ")@" suffix.
-      const std::size_t p2 = w.find('@', p1 + 1);
-      const std::string interior = w.substr(p1 + 2, p2 - p1 - 3);
-      const std::string d = ResuelveNivel(std::string(SinParentesis(interior)));
-      w = w.substr(0, p1) + d + w.substr(p2 + 1);
-      if (w.size() > kMaxTexto) throw Fallo{5};
-      copiado += w.size();
-      if (copiado > kMaxTrabajoDerivada) throw Fallo{5};
-    }
-    if (pasToPas_) AgregaPaso(std::string(SinParentesis(w)) + " = 0 -->");
-
-    const std::string resultado = calc_->Desp_axNb(Cp1252AUtf8(w), NombreDifer());
-    if (calc_->ErrNumber() != 0) {
-      const std::int32_t n = calc_->ErrNumber();
-      throw Fallo{n == kErrTextoExcesivo || n == kErrAnidamiento ? 5 : 3};
-    }
-    if (pasToPas_) AgregaPaso(difer + " = " + Utf8ACp1252(resultado));
-    return resultado;
-  } catch (const Fallo& f) {
-    Falla(f.codigo);
-    return "";
+// The working text is the checker's normalised Expr. A syntax error passes
+// the checker's record on unchanged, place included.
+bool Derivada::PreparaEcuacion(const std::string& ecuacion, std::string& expr) {
+  SintaxExp& s = *sintaxis_;
+  if (!s.SintaxEcu(ecuacion)) {
+    Registra(s.ErrNumber(), s.ErrDesc(), s.ErrLin(), s.ErrCol(), s.ErrLen());
+    return false;
   }
+  expr = Utf8ACp1252(s.Expr());
+  if (CuentaVar(expr, EnMayusculas(Utf8ACp1252(NombreDifer()))) > 0)
+    throw ErrorMotor(ErrDerivada::NombreInterno);
+  return true;
+}
+
+// The derivative of L-(R) is pending.
+std::string Derivada::MarcaEcuacion(const std::string& expr) {
+  const std::size_t igual = expr.find('=');
+  std::string w = "@(" + expr.substr(0, igual) + "-(" + expr.substr(igual + 1) + "))@";
+  if (pasToPas_) AgregaPaso(EscribeMarcas(w, "", "") + " = 0 -->");
+  return w;
+}
+
+// Resolves the first mark with the rules until none is left.
+void Derivada::ResuelveMarcas(std::string& w) {
+  std::size_t copiado = 0;
+  for (std::size_t p1 = w.find('@'); p1 != std::string::npos; p1 = w.find('@')) {
+    if (pasToPas_) AgregaPaso(std::string(SinParentesis(EscribeMarcas(w, "D(", ")"))) + " = ");
+    // SeparaMarca: prefix "@(" inner ")@" suffix.
+    const std::size_t p2 = w.find('@', p1 + 1);
+    const std::string interior = w.substr(p1 + 2, p2 - p1 - 3);
+    const std::string d = ResuelveNivel(std::string(SinParentesis(interior)));
+    w = w.substr(0, p1) + d + w.substr(p2 + 1);
+    copiado += w.size();
+    if (w.size() > kMaxTexto || copiado > kMaxTrabajoDerivada)
+      throw ErrorMotor(ErrDerivada::CreceEnExceso);
+  }
+  if (pasToPas_) AgregaPaso(std::string(SinParentesis(w)) + " = 0 -->");
+}
+
+// The calculator solves the differentiated equation for the derivative name.
+// A text that grew past the calculator's bounds is the derivation's growth.
+std::string Derivada::Despeja(const std::string& w) {
+  const std::string resultado = calc_->Desp_axNb(Cp1252AUtf8(w), NombreDifer());
+  if (const std::int32_t n = calc_->ErrNumber(); n != 0) {
+    const bool crece = n == NumeroError(ErrAritmetica::TextoExcesivo) ||
+                       n == NumeroError(ErrAritmetica::Anidamiento);
+    throw ErrorMotor(crece ? ErrDerivada::CreceEnExceso : ErrDerivada::NoDespeja);
+  }
+  if (pasToPas_) AgregaPaso(Utf8ACp1252(NombreDifer()) + " = " + Utf8ACp1252(resultado));
+  return resultado;
 }
 
 bool Derivada::Depende(std::string_view texto) const {

@@ -17,6 +17,16 @@
 
 class CalcSimbolic;
 class SintaxExp;
+struct ErrorMotor;
+
+// The derivation's own errors, by code.
+enum class ErrDerivada {
+  NombreInterno = 1, // the derivative name, as a variable or in the equation
+  IdentificadorNoValido = 2,
+  NoDespeja = 3, // the differentiated equation does not solve for the derivative
+  VariablesIguales = 4,
+  CreceEnExceso = 5, // the working text or the steps grow past their bounds
+};
 
 class Derivada {
 public:
@@ -25,9 +35,10 @@ public:
   Derivada(Derivada&&) noexcept;
   Derivada& operator=(Derivada&&) noexcept;
 
-  // Setting a variable checks, in order: not the derivative name (error 1),
-  // a valid identifier (error 2), different from the other variable
-  // (error 4). A refused name keeps the old value and fills the error record.
+  // Setting a variable checks, in order: not the derivative name
+  // (NombreInterno), a valid identifier (IdentificadorNoValido), different
+  // from the other variable (VariablesIguales). A refused name keeps the old
+  // value and fills the error record.
   std::string VarDep() const { return varDep_; }
   void VarDep(const std::string& nombre);
   std::string VarInd() const { return varInd_; }
@@ -52,7 +63,14 @@ public:
 private:
   void FijaVariable(std::string& destino, const std::string& nombre, const std::string& otra);
   std::string NombreDifer() const;
-  void Falla(int codigo);
+  void Registra(std::int32_t numero, std::string descripcion, int lin = -1, int col = 0,
+                int len = 0);
+  void Falla(const ErrorMotor& error);
+  void Empieza();
+  bool PreparaEcuacion(const std::string& ecuacion, std::string& expr);
+  std::string MarcaEcuacion(const std::string& expr);
+  void ResuelveMarcas(std::string& w);
+  std::string Despeja(const std::string& w);
   void AgregaPaso(const std::string& texto);
   std::string ResuelveNivel(const std::string& u) const;
   std::string ReglaFuncion(const std::string& u) const;

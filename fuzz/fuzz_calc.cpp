@@ -22,7 +22,7 @@ const std::array<const char*, 10> kVariables = {"x",    "y",  "X",   "dy_dx", "t
 // or the end expected. A result of the calculator never earns one.
 bool EsErrorDeSintaxis(std::int32_t n) {
   return n == NumeroError(1) || n == NumeroError(2) || n == NumeroError(3) || n == NumeroError(5) ||
-         n == kErrAnidamiento;
+         n == NumeroError(ErrAritmetica::Anidamiento);
 }
 
 // A result must read again as an expression, with the same switches and

@@ -26,6 +26,12 @@ std::string Entrecomillado(const std::string& bytes) {
   return r;
 }
 
+// Where `texto` stands, or would stand, in a vocabulary list sorted by text.
+template <class Lista> auto Lugar(Lista& lista, const std::string& texto) {
+  return std::lower_bound(lista.begin(), lista.end(), texto,
+                          [](const auto& e, const std::string& t) { return e.texto < t; });
+}
+
 } // namespace
 
 std::string AnaLex::Buffer() const { return Cp1252AUtf8(buf_); }
@@ -66,9 +72,7 @@ void AnaLex::AñadePC(int codigo, const std::string& palabra) {
                                  " no posee la sintaxis de los identificadores.");
     return;
   }
-  const auto pos =
-      std::lower_bound(palabras_.begin(), palabras_.end(), p,
-                       [](const Entrada& e, const std::string& t) { return e.texto < t; });
+  const auto pos = Lugar(palabras_, p);
   if (pos != palabras_.end() && pos->texto == p) {
     Avisa(".AnaLex.AñadePC",
           "La palabra clave " + Entrecomillado(p) + " ya existe en la lista de palabras clave.");
@@ -87,9 +91,7 @@ void AnaLex::AñadeOpr(int codigo, const std::string& texto) {
           "El Operador " + Entrecomillado(t) + " no posee la sintaxis de los operadores.");
     return;
   }
-  const auto pos =
-      std::lower_bound(operadores_.begin(), operadores_.end(), t,
-                       [](const Entrada& e, const std::string& s) { return e.texto < s; });
+  const auto pos = Lugar(operadores_, t);
   if (pos != operadores_.end() && pos->texto == t) {
     Avisa(".AnaLex.AñadeOpr",
           "El Operador " + Entrecomillado(t) + " ya existe en la lista de operadores.");
@@ -255,6 +257,27 @@ void AnaLex::Toma(int longitud) {
   col_ += longitud;
 }
 
+// identificador ::= inicio-id { caracter-id | "_" }
+void AnaLex::TomaIdentificador() {
+  const int n = static_cast<int>(buf_.size());
+  int largo = 1;
+  while (ptr_ + largo < n) {
+    const auto c = static_cast<unsigned char>(buf_[ptr_ + largo]);
+    if (!EsCarId(c) && c != kContinuacion) break;
+    ++largo;
+  }
+  Toma(largo);
+}
+
+// Whether Lex is a registered keyword, in any case; if so, its code.
+bool AnaLex::EsPalabraClave(int& codigo) const {
+  const std::string clave = EnMinusculas(LexBytes());
+  const auto pos = Lugar(palabras_, clave);
+  if (pos == palabras_.end() || pos->texto != clave) return false;
+  codigo = pos->codigo;
+  return true;
+}
+
 int AnaLex::SgtToken() {
   antInd_ = ultInd_;
   GuardaEstado();
@@ -265,10 +288,7 @@ int AnaLex::SgtToken() {
   int clase, codigo = 0;
   bool registrado = false; // keywords and operators return their own code
   if (ptr_ < n && b == kCR && !ignFL_) {
-    const int largo = ptr_ + 1 < n && static_cast<unsigned char>(buf_[ptr_ + 1]) == kLF ? 2 : 1;
-    lexIni_ = ptr_;
-    lexLen_ = largo;
-    ptr_ += largo;
+    Toma(ptr_ + 1 < n && static_cast<unsigned char>(buf_[ptr_ + 1]) == kLF ? 2 : 1);
     ++lin_;
     col_ = 0;
     clase = indFL_;
@@ -277,8 +297,7 @@ int AnaLex::SgtToken() {
     Toma(static_cast<int>(fin == std::string::npos ? n - ptr_ : fin - ptr_));
     clase = indCom_;
   } else if (ptr_ >= n) {
-    lexIni_ = ptr_;
-    lexLen_ = 0;
+    Toma(0);
     clase = indFA_;
   } else if (b == kDelimitador && LeeCadena()) {
     clase = indCad_;
@@ -286,24 +305,9 @@ int AnaLex::SgtToken() {
     Toma(largo);
     clase = indNum_;
   } else if (EsInicioId(b)) {
-    int largo = 1;
-    while (ptr_ + largo < n) {
-      const auto c = static_cast<unsigned char>(buf_[ptr_ + largo]);
-      if (!EsCarId(c) && c != kContinuacion) break;
-      ++largo;
-    }
-    Toma(largo);
-    const std::string clave = EnMinusculas(LexBytes());
-    const auto pos =
-        std::lower_bound(palabras_.begin(), palabras_.end(), clave,
-                         [](const Entrada& e, const std::string& t) { return e.texto < t; });
-    if (pos != palabras_.end() && pos->texto == clave) {
-      clase = indPC_;
-      codigo = pos->codigo;
-      registrado = true;
-    } else {
-      clase = indId_;
-    }
+    TomaIdentificador();
+    registrado = EsPalabraClave(codigo);
+    clase = registrado ? indPC_ : indId_;
   } else if (const int largo = LongOperador(codigo); largo > 0) {
     Toma(largo);
     clase = indOpr_;

@@ -102,6 +102,8 @@ private:
   bool LeeCadena();
   int LongNumero() const;
   int LongOperador(int& codigo) const;
+  void TomaIdentificador();
+  bool EsPalabraClave(int& codigo) const;
   void Toma(int longitud);
 
   std::string buf_;

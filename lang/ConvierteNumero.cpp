@@ -72,6 +72,6 @@ double ConvierteLiteral(std::string_view texto, char separador) {
     for (char& c : t)
       if (c == separador) c = '.';
   const double valor = LeeNumero(t);
-  if (std::isinf(valor)) throw ErrorMotor{kErrDesbordamiento, kDescDesbordamiento};
+  if (std::isinf(valor)) throw ErrorMotor(ErrAritmetica::Desbordamiento);
   return valor;
 }

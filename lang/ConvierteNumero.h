@@ -12,6 +12,6 @@
 double LeeNumero(std::string_view texto);
 
 // A numeric literal as the lexer reads it, with `separador` as its decimal
-// separator. Throws ErrorMotor{kErrDesbordamiento} when the value is beyond
-// the double range.
+// separator. Throws ErrorMotor(ErrAritmetica::Desbordamiento) when the
+// value is beyond the double range.
 double ConvierteLiteral(std::string_view texto, char separador = '.');

@@ -20,27 +20,14 @@ constexpr std::array<const char*, 8> kMensajes = {
     "Se esperaba )",
 };
 
-constexpr int kMsgExpresion = 1, kMsgRelacion = 2;
-
-// The message number of the error raised when a token is expected and absent.
-int MensajeDeEsperado(int codigo) {
-  switch (codigo) {
-  case SintaxExp::kFL:
-    return 4;
-  case SintaxExp::kFA:
-    return 3;
-  case SintaxExp::kAbre:
-    return 6;
-  case SintaxExp::kCierra:
-    return 7;
-  case SintaxExp::kIgual:
-    return 5;
-  default:
-    return 0;
-  }
-}
-
-[[noreturn]] void Error(int mensaje) { throw ErrorMotor{NumeroError(mensaje), ""}; }
+// The error raised when a token is expected and absent.
+constexpr std::array<std::pair<int, ErrSintax>, 5> kEsperados = {{
+    {SintaxExp::kFL, ErrSintax::EsperaFinDeLinea},
+    {SintaxExp::kFA, ErrSintax::EsperaFinDeArchivo},
+    {SintaxExp::kAbre, ErrSintax::EsperaAbre},
+    {SintaxExp::kCierra, ErrSintax::EsperaCierra},
+    {SintaxExp::kIgual, ErrSintax::EsperaIgual},
+}};
 
 } // namespace
 
@@ -98,7 +85,7 @@ bool SintaxExp::Comprueba(const std::string& texto, Forma forma) {
     FinDeTexto();
     return true;
   } catch (const ErrorMotor& e) {
-    LlenaError(e.numero, e.descripcion);
+    LlenaError(e);
     return false;
   }
 }
@@ -108,7 +95,7 @@ void SintaxExp::Avanza() { token_ = lex_.SgtToken(); }
 void SintaxExp::Añade() { expr_ += lex_.Lex(); }
 
 void SintaxExp::Espera(int codigo) {
-  if (token_ != codigo) Error(MensajeDeEsperado(codigo));
+  if (token_ != codigo) throw ErrorMotor(ErrorDeEsperado(codigo, kEsperados));
   Avanza();
 }
 
@@ -121,7 +108,7 @@ void SintaxExp::FinDeTexto() {
 
 /// relacion ::= ">=" | "=>" | "<=" | "=<" | "<>" | "><" | "=" | ">" | "<"
 void SintaxExp::Relacion() {
-  if (token_ < kMayorIgual || token_ > kMenor) Error(kMsgRelacion);
+  if (token_ < kMayorIgual || token_ > kMenor) throw ErrorMotor(ErrSintax::EsperaRelacion);
   Añade();
   Avanza();
 }
@@ -181,8 +168,7 @@ void SintaxExp::Potencia() {
 void SintaxExp::Factor() {
   const bool esFuncion = token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion;
   const bool anida = esFuncion || token_ == kAbre;
-  if (anida && ++anidamiento_ > kMaxAnidamiento)
-    throw ErrorMotor{kErrAnidamiento, kDescAnidamiento};
+  if (anida && ++anidamiento_ > kMaxAnidamiento) throw ErrorMotor(ErrAritmetica::Anidamiento);
   if (token_ == kAbre) {
     Añade();
     Avanza();
@@ -205,13 +191,13 @@ void SintaxExp::Factor() {
     Añade();
     Espera(kCierra);
   } else {
-    Error(kMsgExpresion);
+    throw ErrorMotor(ErrSintax::EsperaExpresion);
   }
   if (anida) --anidamiento_;
 }
 
-void SintaxExp::LlenaError(std::int32_t numero, const std::string& descripcion) {
-  errNumber_ = numero;
+void SintaxExp::LlenaError(const ErrorMotor& error) {
+  errNumber_ = error.numero;
   if (token_ == kFL) {
     // Point at the end of the line on which the expression stopped: just
     // after its last token. A continuation " _" may lie between that token
@@ -225,10 +211,5 @@ void SintaxExp::LlenaError(std::int32_t numero, const std::string& descripcion) 
     errCol_ = lex_.Col() - lex_.LongLex();
     errLen_ = lex_.LongLex();
   }
-  if (EsErrorDeUsuario(numero)) {
-    const auto mensaje = static_cast<std::uint32_t>(numero) - kBaseErrores;
-    errDesc_ = mensaje < kMensajes.size() ? kMensajes[mensaje] : "";
-  } else {
-    errDesc_ = descripcion;
-  }
+  errDesc_ = DescripcionDe(error, kMensajes);
 }

@@ -13,6 +13,24 @@
 
 #include "lang/AnaLex.h"
 
+struct ErrorMotor;
+
+// The checker's user-input errors, by message number.
+enum class ErrSintax {
+  SinMensaje = 0, // an expected token that no rule of the grammar expects
+  EsperaExpresion = 1,
+  EsperaRelacion = 2,
+  EsperaFinDeArchivo = 3,
+  EsperaFinDeLinea = 4,
+  EsperaIgual = 5,
+  EsperaAbre = 6,
+  EsperaCierra = 7,
+};
+
+// Parentheses and function calls nested deeper than this are refused before
+// the recursive readers could run out of stack.
+inline constexpr int kMaxAnidamiento = 200;
+
 class SintaxExp {
 public:
   SintaxExp();
@@ -67,7 +85,7 @@ private:
   void Factor();
   void Relacion();
   void FinDeTexto();
-  void LlenaError(std::int32_t numero, const std::string& descripcion);
+  void LlenaError(const ErrorMotor& error);
 
   AnaLex lex_;
   int token_ = 0;

@@ -180,8 +180,9 @@ const Error kAbre{NumeroError(1), "Se esperaba '('."}, kCierra{NumeroError(2), "
     kFin{NumeroError(5), "Se esperaba el fin de la expresión."},
     kCero{NumeroError(6), "Intentó dividir por cero"},
     kDesp{NumeroError(7), "No se pudo despejar la variable"},
-    kDes{kErrDesbordamiento, kDescDesbordamiento}, kArg{kErrArgumento, kDescArgumento},
-    kDiv{kErrDivisionCero, kDescDivisionCero};
+    kDes{NumeroError(ErrAritmetica::Desbordamiento), Descripcion(ErrAritmetica::Desbordamiento)},
+    kArg{NumeroError(ErrAritmetica::Argumento), Descripcion(ErrAritmetica::Argumento)},
+    kDiv{NumeroError(ErrAritmetica::DivisionCero), Descripcion(ErrAritmetica::DivisionCero)};
 
 struct CasoError {
   const char* entrada;
@@ -246,8 +247,8 @@ TEST(CalcSimbolic, DeepNestingIsRefusedInsteadOfExhaustingTheStack) {
        {Anidado(kMaxAnidamientoCalc + 1, "(", "x"), Anidado(kMaxAnidamientoCalc + 1, "Sin(", "x"),
         Anidado(100000, "(", "x"), Anidado(3000, "x^(", "2")}) {
     EXPECT_EQ(c.Calc(hondo), "");
-    EXPECT_EQ(c.ErrNumber(), kErrAnidamiento);
-    EXPECT_EQ(c.ErrDesc(), kDescAnidamiento);
+    EXPECT_EQ(c.ErrNumber(), NumeroError(ErrAritmetica::Anidamiento));
+    EXPECT_EQ(c.ErrDesc(), Descripcion(ErrAritmetica::Anidamiento));
   }
 }
 

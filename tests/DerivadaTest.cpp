@@ -171,7 +171,7 @@ TEST(Derivada, SyntaxErrorsKeepTheCheckersRecord) {
       {"y = x +", NumeroError(1), 0, 7, 0}, {"y x", NumeroError(5), 0, 2, 1},
       {"y = sin x", NumeroError(6), 0, 8, 1}, {"y = (x+1", NumeroError(7), 0, 8, 0},
       {"y = x\r\n+ 1", NumeroError(3), 1, 0, 1}, {"y = x +\r\n1", NumeroError(1), 0, 7, 0},
-      {"y = 1E999", kErrDesbordamiento, 0, 4, 5},
+      {"y = 1E999", NumeroError(ErrAritmetica::Desbordamiento), 0, 4, 5},
       {"' nota primero\r\ny = x", NumeroError(1), 0, 0, 0},
   };
   // clang-format on

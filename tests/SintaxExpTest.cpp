@@ -28,6 +28,9 @@ const char* const M3 = "Se esperaba fin de archivo";
 const char* const M5 = "Se esperaba =";
 const char* const M6 = "Se esperaba (";
 const char* const M7 = "Se esperaba )";
+// A literal out of the double range: the conversion's own error.
+constexpr std::int32_t kDesbordamiento = NumeroError(ErrAritmetica::Desbordamiento);
+const char* const MDes = Descripcion(ErrAritmetica::Desbordamiento);
 
 using Campos = std::tuple<std::int32_t, std::string, int, int, int>;
 Campos Registro(std::int32_t numero, const std::string& desc, int lin, int col, int len) {
@@ -104,8 +107,8 @@ TEST(SintaxExp, MalformedTextsReportTheFirstError) {
       // Columns count characters, not UTF-8 bytes.
       {E, "año ñu", kFin, M3, 0, 4, 2}, {E, "ñandú + ", kExpresion, M1, 0, 8, 0},
       {E, "a _\r\n  + ñu )", kFin, M3, 1, 7, 1},
-      {E, "1E999", kErrDesbordamiento, kDescDesbordamiento, 0, 0, 5},
-      {E, "x + 2*1D400", kErrDesbordamiento, kDescDesbordamiento, 0, 6, 5},
+      {E, "1E999", kDesbordamiento, MDes, 0, 0, 5},
+      {E, "x + 2*1D400", kDesbordamiento, MDes, 0, 6, 5},
       {Q, "y x", kIgual, M5, 0, 2, 1}, {Q, "x", kIgual, M5, 0, 1, 0},
       {Q, "x > 1", kIgual, M5, 0, 2, 1}, {Q, "x > = 1", kIgual, M5, 0, 2, 3},
       {Q, "y = x = 1", kFin, M3, 0, 6, 1}, {Q, "y =\r\nx", kExpresion, M1, 0, 3, 0},
@@ -153,7 +156,7 @@ TEST(SintaxExp, EachCheckStartsAfresh) {
   EXPECT_EQ(Registro(s), Registro(kExpresion, M1, 0, 0, 0));
   ASSERT_FALSE(s.SintaxExpr("1E999"));
   ASSERT_TRUE(s.SintaxExpr("1E99"));
-  EXPECT_EQ(Registro(s), Registro(0, kDescDesbordamiento, 0, 0, 5));
+  EXPECT_EQ(Registro(s), Registro(0, MDes, 0, 0, 5));
 }
 
 } // namespace

@@ -1,0 +1,161 @@
+#pragma once
+// The workings of CalcSimbolic, shared by the calculator's source files and
+// seen by no other layer.
+//
+// An expression is never held as a tree: the parser reads tokens and, as soon
+// as it has both operands of an operator, calls that operator's combining
+// operation, which receives the two simplified operand texts and returns the
+// simplified text of the combination. Operand texts are examined by re-lexing
+// them with a second lexer (the scanning lexer). Texts enter and leave as
+// UTF-8; inside, they are Windows-1252 bytes like the lexer's buffer.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "algebra/CalcSimbolic.h"
+#include "lang/AnaLex.h"
+
+struct ErrorMotor;
+
+// The bytes the calculator may examine during one call before it gives up
+// with ErrAritmetica::TextoExcesivo: about a second of work in a Release
+// build, far beyond any typical derivation (a few kilobytes) and beyond the
+// largest benchmarked families.
+inline constexpr std::size_t kMaxTrabajo = 64 * 1024 * 1024;
+
+class MotorCalc {
+public:
+  MotorCalc();
+
+  // Token kinds of the calculator's own lexers: the codes it registers.
+  enum Tipo : int {
+    kMas = 1,
+    kMenos = 2,
+    kPor = 3, // "*" and "·"
+    kEntre = 4,
+    kPotencia = 5,
+    kAbre = 6,
+    kCierra = 7,
+    kPrimeraFuncion = 8, // Log, then the other functions in the vocabulary's order
+    kLn = 9,
+    kUltimaFuncion = 33,
+    kPi = 34,
+    kE = 35,
+    kCom = 36,
+    kFL = 38,
+    kFA = 39,
+    kCad = 40,
+    kNum = 41,
+    kId = 42,
+    kPC = 43,
+    kOpr = 44,
+    kDesc = 45,
+    kIgual = 46
+  };
+
+private:
+  friend class CalcSimbolic;
+
+  // A text cut into tokens by the scanning lexer; the views below point
+  // into the scanned text, which must outlive them. The same small texts are
+  // scanned over and over while one expression is simplified, so the tokens
+  // of every text scanned during one public call are kept until the next.
+  struct Token {
+    int ini, fin, tipo; // byte range in the text, token kind
+  };
+  struct Escaneo {
+    std::string_view texto;
+    const std::vector<Token>& toks;
+    std::string_view Trozo(int t0, int t1) const; // the text of tokens [t0, t1)
+  };
+  // A factor of a term: base^exp ("" for an exponent of 1). The keys are the
+  // texts as compared: upper case, enclosing parentheses removed.
+  struct Factor {
+    std::string_view texto, base, exp;
+    std::string clave, claveExp;
+  };
+  // A term: its numeric coefficient (the product of its plain-number
+  // factors, with its sign) and its literal factors in order.
+  struct Termino {
+    bool negativo;
+    std::string_view cuerpo; // the term without its sign run
+    double coef;
+    std::vector<Factor> lit;
+  };
+
+  // The public calls under their traps (CalcSimbolic.cpp, CalcDespeja.cpp).
+  std::string Calc(const std::string& exp);
+  bool IguCero(std::string& ecu);
+  std::string Desp_axNb(const std::string& exp, const std::string& var);
+  void PuntoDec(const std::string& separador);
+  void Empieza(); // a public call starts: no scans kept, no work done
+  void AtrapaError(const ErrorMotor& error);
+
+  // Parser (CalcSimbolic.cpp): each rule returns its simplified text.
+  // `propio`: a text the calculator built itself, whose numbers always use
+  // "." whatever PuntoDec says.
+  std::string SimplExp(std::string_view texto, bool propio = false);
+  void CargaTexto(std::string_view texto, bool propio = false);
+  void Avanza();
+  void Espera(int tipo);
+  std::string Expr();
+  std::string TerminoExp();
+  std::string Signado();
+  bool Signos();
+  std::string Potencia();
+  std::string BaseSignada();
+  std::string Primario();
+  std::string Funcion();
+
+  // Scanning (CalcEscaneo.cpp).
+  Escaneo Escanea(std::string_view texto);
+  bool EsNumero(std::string_view texto);
+  // Operator sets for BuscaOp: bits of the token kinds.
+  static constexpr unsigned Op(int tipo) { return 1u << tipo; }
+  // The index of the first token of a kind in `ops` that stands outside
+  // parentheses, among the tokens [desde, hasta) (hasta -1: to the end;
+  // desde must lie outside parentheses); -1 if none. A "+" or "-" right
+  // after "*", "/" or "^" is a sign and does not count.
+  static int BuscaOp(const Escaneo& e, unsigned ops, int desde = 0, int hasta = -1);
+  // Whether an operator of `ops` stands outside parentheses after the first
+  // token: a leading sign is not a binary operator.
+  static bool TieneBinario(const Escaneo& e, unsigned ops);
+  bool Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den);
+  std::string_view LadoDeFraccion(std::string_view lado);
+  static std::vector<Termino> Terminos(const Escaneo& e);
+  static void LeeFactores(const Escaneo& e, int ini, int fin, Termino& t);
+
+  // Combining operations (CalcCombina.cpp).
+  std::string SumaExp(std::string_view l, std::string_view r);
+  std::string RestaExp(std::string_view l, std::string_view r);
+  std::string MultExp(std::string_view l, std::string_view r);
+  std::string DivExp(std::string_view l, std::string_view r);
+  std::string PotExp(std::string_view l, std::string_view r);
+  std::string NegExp(std::string_view t);
+  bool EsIgual(std::string_view a, std::string_view b);
+  std::string SumaFracciones(std::string_view l, std::string_view r, bool resta);
+  std::string SumaDeTerminos(std::string_view texto);
+  std::string ProductoExpandido(std::string_view l, std::string_view r);
+  std::string ProductoDeTerminos(const Termino& a, const Termino& b);
+  std::string Cociente(std::string_view num, std::string_view den);
+
+  // Solving (CalcDespeja.cpp).
+  bool DescomponAxNb(std::string_view exp, std::string_view var, std::string& a, std::string& b,
+                     std::string& n);
+
+  std::unordered_map<std::string, std::vector<Token>> escaneos_;
+  std::size_t trabajo_ = 0; // bytes scanned anew during this public call
+  AnaLex lexP_;             // parse lexer
+  AnaLex lexS_;             // scanning lexer
+  int token_ = 0;
+  int anidamiento_ = 0; // open parentheses and function calls of the parse
+  std::int32_t errNumber_ = 0;
+  std::string errDesc_;
+  bool calcExpNum_ = false, resolveConst_ = false;
+  std::string puntoDec_ = ".";
+  int cifRedInt_ = 10;
+};
