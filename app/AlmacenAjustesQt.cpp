@@ -7,8 +7,8 @@ QString Clave(const std::string& seccion, const std::string& clave) {
 } // namespace
 
 AlmacenAjustesQt::AlmacenAjustesQt()
-    : ajustes_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Mirkal"),
-               QStringLiteral("Mirkal")) {
+    : ajustes_(QSettings::IniFormat, QSettings::UserScope, QString::fromLatin1(kAplicacionAjustes),
+               QString::fromLatin1(kAplicacionAjustes)) {
   Revisa("leer", "Se usan los valores por defecto.");
 }
 

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/Controles.h"
 #include "editor/Editor.h"
 
 OpcionesBusqueda& UltimaBusqueda() {
@@ -22,19 +23,12 @@ QString TextoPropuesto(const Editor& editor) {
   return UltimaBusqueda().texto;
 }
 
-namespace {
-template <class T> T* Control(T* control, const char* nombre) {
-  control->setObjectName(QString::fromUtf8(nombre));
-  return control;
-}
-} // namespace
-
 CamposBusqueda::CamposBusqueda(QDialog* dialogo, const Editor& editor, bool reemplazo) {
-  txtBuscar = Control(new QLineEdit(dialogo), "txtBuscar");
-  if (reemplazo) txtReemp = Control(new QLineEdit(dialogo), "txtReemp");
-  chkMayusMinus = Control(
+  txtBuscar = Nombrado(new QLineEdit(dialogo), "txtBuscar");
+  if (reemplazo) txtReemp = Nombrado(new QLineEdit(dialogo), "txtReemp");
+  chkMayusMinus = Nombrado(
       new QCheckBox(QStringLiteral("Coincidir mayúsculas y minúsculas"), dialogo), "chkMayusMinus");
-  chkPalCmp = Control(new QCheckBox(QStringLiteral("Palabra completa"), dialogo), "chkPalCmp");
+  chkPalCmp = Nombrado(new QCheckBox(QStringLiteral("Palabra completa"), dialogo), "chkPalCmp");
 
   const OpcionesBusqueda& ultima = UltimaBusqueda();
   txtBuscar->setText(TextoPropuesto(editor));
@@ -53,7 +47,7 @@ void CamposBusqueda::Dispone(QDialog* dialogo, const std::vector<QPushButton*>& 
   izquierda->addWidget(chkPalCmp);
   izquierda->addStretch();
 
-  auto* cancelar = Control(new QPushButton(QStringLiteral("Cancelar"), dialogo), "cmdCancelar");
+  auto* cancelar = Nombrado(new QPushButton(QStringLiteral("Cancelar"), dialogo), "cmdCancelar");
   QObject::connect(cancelar, &QPushButton::clicked, dialogo, &QDialog::reject);
   auto* botones = new QVBoxLayout;
   for (QPushButton* b : acciones) {

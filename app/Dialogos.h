@@ -7,11 +7,11 @@
 #include <QString>
 #include <functional>
 
+#include "editor/Respuesta.h"
+
 class QWidget;
 
 namespace Dialogos {
-
-enum class Respuesta { Si, No, Cancelar };
 
 // The title of the program's message boxes.
 QString Titulo();

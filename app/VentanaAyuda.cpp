@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "app/Controles.h"
 #include "app/Dialogos.h"
 
 namespace {
@@ -45,16 +46,12 @@ VentanaAyuda::VentanaAyuda(QWidget* padre) : QDialog(nullptr, Qt::Window), padre
   setModal(false);
   if (padre) connect(padre, &QObject::destroyed, this, [this] { delete this; });
 
-  txtAyuda = new QTextBrowser(this);
-  txtAyuda->setObjectName(QStringLiteral("txtAyuda"));
+  txtAyuda = Nombrado(new QTextBrowser(this), "txtAyuda");
   txtAyuda->setOpenLinks(true);
   txtAyuda->setOpenExternalLinks(false);
-  cmdContenido = new QPushButton(QStringLiteral("Contenido"), this);
-  cmdContenido->setObjectName(QStringLiteral("cmdContenido"));
-  cmdAtras = new QPushButton(QStringLiteral("Atrás"), this);
-  cmdAtras->setObjectName(QStringLiteral("cmdAtras"));
-  cmdAdelante = new QPushButton(QStringLiteral("Adelante"), this);
-  cmdAdelante->setObjectName(QStringLiteral("cmdAdelante"));
+  cmdContenido = Nombrado(new QPushButton(QStringLiteral("Contenido"), this), "cmdContenido");
+  cmdAtras = Nombrado(new QPushButton(QStringLiteral("Atrás"), this), "cmdAtras");
+  cmdAdelante = Nombrado(new QPushButton(QStringLiteral("Adelante"), this), "cmdAdelante");
   for (QPushButton* b : {cmdContenido, cmdAtras, cmdAdelante})
     b->setAutoDefault(false);
   cmdAtras->setEnabled(false);

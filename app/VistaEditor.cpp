@@ -9,7 +9,9 @@
 #include <array>
 
 #include "editor/Editor.h"
+#include "editor/Paleta.h"
 #include "editor/Presentacion.h"
+#include "editor/ValoresSeguros.h"
 #include "lang/Cp1252.h"
 
 namespace {
@@ -152,59 +154,59 @@ void VistaEditor::ParpadeaCursor() {
 void VistaEditor::paintEvent(QPaintEvent* evento) {
   QPainter p(viewport());
   p.setFont(fuente_);
-  const QColor fondo = Paleta(presentacion_.GetColorFondoEditor(), 15);
-  p.fillRect(evento->rect(), fondo);
-  const Documento& doc = editor_.Doc();
-  const auto& caracteres = Caracteres();
+  p.fillRect(evento->rect(), Paleta(presentacion_.GetColorFondoEditor(), 15));
   const int primera = verticalScrollBar()->value();
+  const int ultima = std::min(editor_.Doc().NumFilas() - 1, primera + FilasVisibles());
+  for (int f = primera; f <= ultima; ++f) {
+    const QRect franja(0, RectanguloCelda(f, 0).top(), viewport()->width(), altoFila_);
+    if (evento->rect().intersects(franja)) PintaFila(p, f);
+  }
+  if (cursorVisible_ && hasFocus()) PintaCursor(p);
+}
+
+// The visible cells of a row. Runs of cells drawn alike (same colour, same
+// selection state) share one pen and one selection fill.
+void VistaEditor::PintaFila(QPainter& p, int f) {
+  const Documento& doc = editor_.Doc();
+  const FilaCeldas& celdas = doc.Fila(f);
+  const auto& caracteres = Caracteres();
   const int izquierda = horizontalScrollBar()->value();
-  const int ultima = std::min(doc.NumFilas() - 1, primera + FilasVisibles());
-  const int columnas = ColumnasVisibles() + 1;
+  const int hasta = std::min(static_cast<int>(celdas.size()), izquierda + ColumnasVisibles() + 1);
   const Posicion ini = doc.InicioSel(), fin = doc.FinSel();
   const bool haySel = doc.HaySel();
   const QColor letraSel = Paleta(presentacion_.GetColorLetraSel(), 15);
   const QColor fondoSel = Paleta(presentacion_.GetColorFondoSel(), 1);
-  for (int f = primera; f <= ultima; ++f) {
-    const QRect filaRect = RectanguloCelda(f, izquierda);
-    if (!evento->rect().intersects(QRect(0, filaRect.top(), viewport()->width(), altoFila_)))
-      continue;
-    const FilaCeldas& celdas = doc.Fila(f);
-    const int hasta = std::min(static_cast<int>(celdas.size()), izquierda + columnas);
-    // Runs of cells drawn alike (same colour, same selection state) go out in one call.
-    int c = izquierda;
-    while (c < hasta) {
-      const auto seleccionada = [&](int col) {
-        return haySel && !(Posicion{f, col} < ini) && Posicion{f, col} < fin;
-      };
-      const bool sel = seleccionada(c);
-      const int color = celdas[static_cast<std::size_t>(c)] >> 8;
-      QString tramo;
-      int k = c;
-      while (k < hasta && seleccionada(k) == sel &&
-             (sel || (celdas[static_cast<std::size_t>(k)] >> 8) == color)) {
-        tramo += caracteres[celdas[static_cast<std::size_t>(k)] & 0xFF];
-        ++k;
-      }
-      const QRect r = RectanguloCelda(f, c);
-      if (sel) p.fillRect(QRect(r.left(), r.top(), (k - c) * anchoCelda_, altoFila_), fondoSel);
-      p.setPen(sel ? letraSel : Paleta(color, presentacion_.GetColorLetra()));
-      for (int i = 0; i < tramo.size(); ++i) // one cell per character, whatever the font
-        p.drawText(r.left() + i * anchoCelda_, r.top() + ascenso_, QString(tramo[i]));
-      c = k;
-    }
-    // A selection that runs past the row's end shows its line break.
-    if (haySel && ini.fila <= f && f < fin.fila && static_cast<int>(celdas.size()) >= izquierda)
-      p.fillRect(RectanguloCelda(f, static_cast<int>(celdas.size())), fondoSel);
+  const auto seleccionada = [&](int col) {
+    return haySel && !(Posicion{f, col} < ini) && Posicion{f, col} < fin;
+  };
+  const auto color = [&](int col) { return celdas[static_cast<std::size_t>(col)] >> 8; };
+  for (int c = izquierda; c < hasta;) {
+    const bool sel = seleccionada(c);
+    int k = c + 1;
+    while (k < hasta && seleccionada(k) == sel && (sel || color(k) == color(c)))
+      ++k;
+    const QRect r = RectanguloCelda(f, c);
+    if (sel) p.fillRect(QRect(r.left(), r.top(), (k - c) * anchoCelda_, altoFila_), fondoSel);
+    p.setPen(sel ? letraSel : Paleta(color(c), presentacion_.GetColorLetra()));
+    for (int i = c; i < k; ++i) // one cell per character, whatever the font
+      p.drawText(r.left() + (i - c) * anchoCelda_, r.top() + ascenso_,
+                 QString(caracteres[celdas[static_cast<std::size_t>(i)] & 0xFF]));
+    c = k;
   }
-  if (cursorVisible_ && hasFocus()) {
-    const Posicion cur = doc.Cursor();
-    const QRect r = RectanguloCelda(cur.fila, cur.col);
-    p.setPen(QPen(Paleta(presentacion_.GetColorLetra(), 0), editor_.ModoInsertar() ? 2 : 3));
-    if (editor_.ModoInsertar())
-      p.drawLine(r.left(), r.top(), r.left(), r.bottom());
-    else
-      p.drawLine(r.left(), r.bottom() - 1, r.right(), r.bottom() - 1);
-  }
+  // A selection that runs past the row's end shows its line break.
+  if (haySel && ini.fila <= f && f < fin.fila && static_cast<int>(celdas.size()) >= izquierda)
+    p.fillRect(RectanguloCelda(f, static_cast<int>(celdas.size())), fondoSel);
+}
+
+// A bar before the cell when inserting, a thick underline when overwriting.
+void VistaEditor::PintaCursor(QPainter& p) {
+  const Posicion cur = editor_.Doc().Cursor();
+  const QRect r = RectanguloCelda(cur.fila, cur.col);
+  p.setPen(QPen(Paleta(presentacion_.GetColorLetra(), 0), editor_.ModoInsertar() ? 2 : 3));
+  if (editor_.ModoInsertar())
+    p.drawLine(r.left(), r.top(), r.left(), r.bottom());
+  else
+    p.drawLine(r.left(), r.bottom() - 1, r.right(), r.bottom() - 1);
 }
 
 void VistaEditor::Escribe(const QString& texto) {
@@ -212,8 +214,7 @@ void VistaEditor::Escribe(const QString& texto) {
     if (ch.unicode() < 32 || ch.unicode() == 127) continue;
     const std::string utf8 = QString(ch).toStdString();
     const Resultado r = editor_.EditaCmd(kEscribir, utf8);
-    if (!r.hecho && static_cast<unsigned char>(Utf8ACp1252(utf8)[0]) == kByteAjeno &&
-        ch.unicode() != 0x81)
+    if (!r.hecho && !PrimerCaracterAjeno(utf8).empty())
       emit aviso(QStringLiteral("El carácter «%1» no cabe en el documento, que sólo guarda los "
                                 "caracteres de Windows-1252.")
                      .arg(ch));
@@ -221,49 +222,46 @@ void VistaEditor::Escribe(const QString& texto) {
   Despues(true);
 }
 
+namespace {
+
+// The keys that move the cursor and those that edit, with the editor's codes.
+constexpr std::pair<int, int> kTeclasMovimiento[] = {
+    {Qt::Key_Right, kDerecha},  {Qt::Key_Left, kIzquierda}, {Qt::Key_Up, kArriba},
+    {Qt::Key_Down, kAbajo},     {Qt::Key_Home, kInicio},    {Qt::Key_End, kFin},
+    {Qt::Key_PageDown, kAvPag}, {Qt::Key_PageUp, kRePag}};
+constexpr std::pair<int, int> kTeclasEdicion[] = {{Qt::Key_Backspace, kRetroceso},
+                                                  {Qt::Key_Delete, kSuprimir},
+                                                  {Qt::Key_Return, kSaltoLinea},
+                                                  {Qt::Key_Enter, kSaltoLinea}};
+
+// The editor's code for a key in a table, or -1.
+template <std::size_t N> int Codigo(const std::pair<int, int> (&tabla)[N], int tecla) {
+  for (const auto& [t, codigo] : tabla)
+    if (t == tecla) return codigo;
+  return -1;
+}
+
+} // namespace
+
 void VistaEditor::keyPressEvent(QKeyEvent* e) {
-  const bool mayus = e->modifiers() & Qt::ShiftModifier;
   // Shortcuts with Ctrl or Alt belong to the menus.
   if (e->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
     e->ignore();
     return;
   }
-  auto mueve = [&](int codigo) {
-    editor_.MueveCursorCmd(codigo, mayus, FilasVisibles());
-    Despues(false);
-  };
-  auto edita = [&](int codigo) {
+  if (const int codigo = Codigo(kTeclasMovimiento, e->key()); codigo >= 0) {
+    editor_.MueveCursorCmd(codigo, e->modifiers() & Qt::ShiftModifier, FilasVisibles());
+    return Despues(false);
+  }
+  if (const int codigo = Codigo(kTeclasEdicion, e->key()); codigo >= 0) {
     const Resultado r = editor_.EditaCmd(codigo);
     if (!r.aviso.empty()) emit aviso(QString::fromStdString(r.aviso));
-    Despues(true);
-  };
+    return Despues(true);
+  }
   switch (e->key()) {
   case Qt::Key_F1:
     emit ayudaPedida();
     return;
-  case Qt::Key_Right:
-    return mueve(kDerecha);
-  case Qt::Key_Left:
-    return mueve(kIzquierda);
-  case Qt::Key_Up:
-    return mueve(kArriba);
-  case Qt::Key_Down:
-    return mueve(kAbajo);
-  case Qt::Key_Home:
-    return mueve(kInicio);
-  case Qt::Key_End:
-    return mueve(kFin);
-  case Qt::Key_Backspace:
-    return edita(kRetroceso);
-  case Qt::Key_Delete:
-    return edita(kSuprimir);
-  case Qt::Key_Return:
-  case Qt::Key_Enter:
-    return edita(kSaltoLinea);
-  case Qt::Key_PageDown:
-    return mueve(kAvPag);
-  case Qt::Key_PageUp:
-    return mueve(kRePag);
   case Qt::Key_Tab:
     editor_.InsertaTab();
     return Despues(true);

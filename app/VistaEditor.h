@@ -11,6 +11,7 @@
 class Editor;
 class Presentacion;
 class QMenu;
+class QPainter;
 
 class VistaEditor : public QAbstractScrollArea {
   Q_OBJECT
@@ -60,6 +61,8 @@ private:
   void Despues(bool cambioDocumento);
   void AjustaBarras();
   void MuestraCursor();
+  void PintaFila(QPainter& p, int fila);
+  void PintaCursor(QPainter& p);
 
   Editor& editor_;
   Presentacion& presentacion_;

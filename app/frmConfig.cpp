@@ -9,19 +9,13 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "app/Controles.h"
 #include "app/Dialogos.h"
 
 namespace {
 
-QLineEdit* NuevaCaja(const char* nombre, QWidget* padre) {
-  auto* caja = new QLineEdit(padre);
-  caja->setObjectName(QString::fromLatin1(nombre));
-  return caja;
-}
-
 QPushButton* NuevoBoton(const char* nombre, const QString& texto, QWidget* padre) {
-  auto* boton = new QPushButton(texto, padre);
-  boton->setObjectName(QString::fromLatin1(nombre));
+  auto* boton = Nombrado(new QPushButton(texto, padre), nombre);
   boton->setAutoDefault(false);
   return boton;
 }
@@ -34,47 +28,52 @@ frmConfig::frmConfig(QWidget* padre) : QDialog(padre) {
   // Modal to the main window only: the help window, which the help button
   // opens, must stay usable while the dialog is open.
   setWindowModality(Qt::WindowModal);
+  CreaCampos();
+  auto* marco = new QVBoxLayout(this);
+  marco->addLayout(Campos());
+  marco->addWidget(CreaBotones());
+  Abre();
+}
 
-  txtVD = NuevaCaja("txtVD", this);
-  txtVI = NuevaCaja("txtVI", this);
-  txtCRE = NuevaCaja("txtCRE", this);
+void frmConfig::CreaCampos() {
+  txtVD = Nombrado(new QLineEdit(this), "txtVD");
+  txtVI = Nombrado(new QLineEdit(this), "txtVI");
+  txtCRE = Nombrado(new QLineEdit(this), "txtCRE");
   txtVD->setToolTip(QStringLiteral("La variable que depende de la otra, por ejemplo y"));
   txtVI->setToolTip(QStringLiteral("La variable respecto de la cual se deriva, por ejemplo x"));
   txtCRE->setToolTip(
       QStringLiteral("Cifras decimales con que se redondean los números, de 0 a 300"));
-  chkFracc = new QCheckBox(QStringLiteral("Fracciones"), this);
-  chkFracc->setObjectName(QStringLiteral("chkFracc"));
+  chkFracc = Nombrado(new QCheckBox(QStringLiteral("Fracciones"), this), "chkFracc");
   chkFracc->setToolTip(QStringLiteral("Escribir los números del resultado como fracciones"));
+}
 
+QLayout* frmConfig::Campos() {
   auto* campos = new QFormLayout;
   campos->addRow(QStringLiteral("Variable &dependiente:"), txtVD);
   campos->addRow(QStringLiteral("Variable &independiente:"), txtVI);
   campos->addRow(QStringLiteral("Cifras de &redondeo:"), txtCRE);
   campos->addRow(QString(), chkFracc);
+  return campos;
+}
 
-  cmdAceptar = NuevoBoton("cmdAceptar", QStringLiteral("Aceptar"), this);
-  cmdCancelar = NuevoBoton("cmdCancelar", QStringLiteral("Cancelar"), this);
-  cmdAyuda = NuevoBoton("cmdAyuda", QStringLiteral("Ayuda"), this);
+// The buttons are wired one by one: the box's accepted() would close the
+// dialog before the checks had a say.
+QWidget* frmConfig::CreaBotones() {
+  auto* cmdAceptar = NuevoBoton("cmdAceptar", QStringLiteral("Aceptar"), this);
+  auto* cmdCancelar = NuevoBoton("cmdCancelar", QStringLiteral("Cancelar"), this);
+  auto* cmdAyuda = NuevoBoton("cmdAyuda", QStringLiteral("Ayuda"), this);
   cmdAceptar->setDefault(true);
   auto* botones = new QDialogButtonBox(this);
   botones->addButton(cmdAceptar, QDialogButtonBox::AcceptRole);
   botones->addButton(cmdCancelar, QDialogButtonBox::RejectRole);
   botones->addButton(cmdAyuda, QDialogButtonBox::HelpRole);
-
-  auto* marco = new QVBoxLayout(this);
-  marco->addLayout(campos);
-  marco->addWidget(botones);
-
-  // The buttons are wired one by one: the box's accepted() would close the
-  // dialog before the checks had a say.
   connect(cmdAceptar, &QPushButton::clicked, this, &frmConfig::Acepta);
   connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
   connect(cmdAyuda, &QPushButton::clicked, this,
           [this] { emit ayudaPedida(QStringLiteral("configuracion")); });
   auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
   connect(f1, &QShortcut::activated, cmdAyuda, &QPushButton::click);
-
-  Abre();
+  return botones;
 }
 
 void frmConfig::Abre() {

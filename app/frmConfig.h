@@ -10,8 +10,8 @@
 #include "commands/ConfigDerivacion.h"
 
 class QCheckBox;
+class QLayout;
 class QLineEdit;
-class QPushButton;
 
 class frmConfig : public QDialog {
   Q_OBJECT
@@ -32,6 +32,9 @@ protected:
   void showEvent(QShowEvent* evento) override;
 
 private:
+  void CreaCampos();
+  QLayout* Campos();
+  QWidget* CreaBotones();
   void Acepta();
   QLineEdit* Caja(CampoConfig campo) const;
 
@@ -40,7 +43,4 @@ private:
   QLineEdit* txtVI = nullptr;
   QLineEdit* txtCRE = nullptr;
   QCheckBox* chkFracc = nullptr;
-  QPushButton* cmdAceptar = nullptr;
-  QPushButton* cmdCancelar = nullptr;
-  QPushButton* cmdAyuda = nullptr;
 };

@@ -16,13 +16,14 @@
 
 #include "app/Dialogos.h"
 #include "app/VentanaAyuda.h"
-#include "app/frmAcercaDe.h"
-#include "commands/OrdenDerivar.h"
-#include "app/frmConfig.h"
 #include "app/VistaEditor.h"
+#include "app/frmAcercaDe.h"
 #include "app/frmBuscar.h"
+#include "app/frmConfig.h"
 #include "app/frmPresentar.h"
 #include "app/frmReemp.h"
+#include "commands/OrdenDerivar.h"
+#include "editor/ValoresSeguros.h"
 
 namespace {
 
@@ -47,6 +48,33 @@ QIcon IconoBoton(const QString& tema, const QString& signo, const QColor& color)
   return QIcon(dibujo);
 }
 
+// The toolbar's buttons, each one the menu command `accion` under the key the
+// toolbar knows it by, with its picture and tip; a null key is a separator.
+// Drawn pictures share a colour by kind of command.
+struct BotonBarraH {
+  const char *clave, *accion, *tema, *signo, *ayuda;
+  QColor color;
+};
+const QColor kArchivo(70, 110, 170), kPortapapeles(90, 140, 90), kBorrado(170, 80, 70),
+    kHistorial(120, 100, 160), kDerivada(200, 120, 30);
+const BotonBarraH kBotonesBarra[] = {
+    {"Nuevo", "Nuevo", "document-new", "N", "Nuevo", kArchivo},
+    {"Abrir", "Abrir", "document-open", "A", "Abrir", kArchivo},
+    {"Guardar", "Guardar", "document-save", "G", "Guardar", kArchivo},
+    {"Imprimir", "Imprimir", "document-print", "I", "Imprimir", kArchivo},
+    {},
+    {"Cortar", "Cortar", "edit-cut", "Cr", "Cortar", kPortapapeles},
+    {"Copiar", "Copiar", "edit-copy", "Cp", "Copiar", kPortapapeles},
+    {"Pegar", "Pegar", "edit-paste", "P", "Pegar", kPortapapeles},
+    {"Eliminar", "Eliminar", "edit-delete", "X", "Eliminar", kBorrado},
+    {},
+    {"Deshacer", "Deshacer", "edit-undo", "↶", "Deshacer", kHistorial},
+    {"Rehacer", "Rehacer", "edit-redo", "↷", "Rehacer", kHistorial},
+    {},
+    {"Resolver", "Derivar", "", "d/dx", "Derivar", kDerivada},
+    {"Ayuda", "Contenido", "help-contents", "?", "Ayuda", kArchivo},
+};
+
 // "Lín: 3, Col: 12": each number with the blank of a non-negative sign.
 QString TextoPosicion(const Posicion& c) {
   return QStringLiteral("Lín: %1, Col: %2").arg(c.fila + 1).arg(c.col + 1);
@@ -62,16 +90,7 @@ QString NombreEjecutable() {
 frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
     : QMainWindow(padre), presentacion_(almacen), buscador_(editor_) {
   setObjectName(QStringLiteral("frmEditor"));
-  presentacion_.AlMensaje = [this](const std::string& m) {
-    Dialogos::Aviso(this, QString::fromStdString(m));
-  };
-  presentacion_.Carga();
-  editor_.Colores(ColorSeguro(presentacion_.GetColorLetra(), kDefColorLetra),
-                  ColorSeguro(presentacion_.GetColorPC(), kDefColorPC),
-                  ColorSeguro(presentacion_.GetColorComment(), kDefColorComment));
-  editor_.EspTab(EspTabSegura(presentacion_.GetEspTab()));
-  presentacion_.AlAplicar = [this](EfectoPresentacion e) { Aplica(e); };
-
+  CargaPresentacion();
   picEdit_ = new VistaEditor(editor_, presentacion_, this);
   setCentralWidget(picEdit_);
   config_ = new frmConfig(this);
@@ -80,7 +99,35 @@ frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
   CreaBarra();
   CreaEstado();
   picEdit_->FijaMenuContextual(menuEdicion_);
+  Conecta();
+  ArrancaRelojes();
 
+  NuevoDocumento(editor_, archivo_);
+  resize(860, 560);
+  TrasCambio();
+  picEdit_->setFocus();
+}
+
+// The settings are loaded before the text view exists: their effects reach
+// the editor now and the view when it is built, which reads them itself.
+void frmEditor::CargaPresentacion() {
+  presentacion_.AlMensaje = [this](const std::string& m) {
+    Dialogos::Aviso(this, QString::fromStdString(m));
+  };
+  presentacion_.Carga();
+  PasaColores();
+  editor_.EspTab(EspTabSegura(presentacion_.GetEspTab()));
+  presentacion_.AlAplicar = [this](EfectoPresentacion e) { Aplica(e); };
+}
+
+// The colours the editor paints its cells with.
+void frmEditor::PasaColores() {
+  editor_.Colores(ColorSeguro(presentacion_.GetColorLetra(), kDefColorLetra),
+                  ColorSeguro(presentacion_.GetColorPC(), kDefColorPC),
+                  ColorSeguro(presentacion_.GetColorComment(), kDefColorComment));
+}
+
+void frmEditor::Conecta() {
   buscador_.FijaAviso(
       [this](const std::string& m) { Dialogos::Aviso(this, QString::fromStdString(m)); });
   // Moving the cursor with Shift, dragging or a search makes or drops a
@@ -95,7 +142,9 @@ frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
   connect(picEdit_, &VistaEditor::aviso, this,
           [this](const QString& t) { Dialogos::Aviso(this, t); });
   connect(config_, &frmConfig::ayudaPedida, this, [this](const QString& tema) { Contenido(tema); });
+}
 
+void frmEditor::ArrancaRelojes() {
   RelojCursor.setObjectName(QStringLiteral("RelojCursor"));
   RelojGeneral.setObjectName(QStringLiteral("RelojGeneral"));
   connect(&RelojCursor, &QTimer::timeout, picEdit_, &VistaEditor::ParpadeaCursor);
@@ -105,11 +154,6 @@ frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
   });
   RelojCursor.start(530);
   RelojGeneral.start(1000);
-
-  NuevoDocumento(editor_, archivo_);
-  resize(860, 560);
-  TrasCambio();
-  picEdit_->setFocus();
 }
 
 frmEditor::~frmEditor() = default;
@@ -182,38 +226,18 @@ void frmEditor::CreaBarra() {
   barraH_ = addToolBar("BarraH");
   barraH_->setObjectName("BarraH");
   barraH_->setMovable(false);
-  struct Boton {
-    const char *clave, *tema, *signo, *ayuda;
-    QColor color;
-  };
-  const Boton botones[] = {
-      {"Nuevo", "document-new", "N", "Nuevo", QColor(70, 110, 170)},
-      {"Abrir", "document-open", "A", "Abrir", QColor(70, 110, 170)},
-      {"Guardar", "document-save", "G", "Guardar", QColor(70, 110, 170)},
-      {"Imprimir", "document-print", "I", "Imprimir", QColor(70, 110, 170)},
-      {"", "", "", "", {}},
-      {"Cortar", "edit-cut", "Cr", "Cortar", QColor(90, 140, 90)},
-      {"Copiar", "edit-copy", "Cp", "Copiar", QColor(90, 140, 90)},
-      {"Pegar", "edit-paste", "P", "Pegar", QColor(90, 140, 90)},
-      {"Eliminar", "edit-delete", "X", "Eliminar", QColor(170, 80, 70)},
-      {"", "", "", "", {}},
-      {"Deshacer", "edit-undo", "↶", "Deshacer", QColor(120, 100, 160)},
-      {"Rehacer", "edit-redo", "↷", "Rehacer", QColor(120, 100, 160)},
-      {"", "", "", "", {}},
-      {"Resolver", "", "d/dx", "Derivar", QColor(200, 120, 30)},
-      {"Ayuda", "help-contents", "?", "Ayuda", QColor(70, 110, 170)},
-  };
-  for (const Boton& b : botones) {
-    if (QString(b.clave).isEmpty()) {
+  for (const BotonBarraH& b : kBotonesBarra) {
+    if (b.clave == nullptr) {
       barraH_->addSeparator();
       continue;
     }
-    QAction* a = barraH_->addAction(IconoBoton(b.tema, QString::fromUtf8(b.signo), b.color),
-                                    QString::fromUtf8(b.ayuda));
-    a->setObjectName(QStringLiteral("Boton") + b.clave);
-    a->setData(QString(b.clave));
-    const QString clave = b.clave;
-    connect(a, &QAction::triggered, this, [this, clave] { BotonBarra(clave); });
+    // The menu's own command: enabling, disabling and the shortcut are its.
+    QAction* a = acciones_.value(b.accion);
+    a->setIcon(IconoBoton(b.tema, QString::fromUtf8(b.signo), b.color));
+    a->setIconVisibleInMenu(false);
+    a->setToolTip(QString::fromUtf8(b.ayuda));
+    a->setData(QString::fromLatin1(b.clave));
+    barraH_->addAction(a);
   }
 }
 
@@ -230,33 +254,13 @@ void frmEditor::CreaEstado() {
   statusBar()->addPermanentWidget(hora_);
 }
 
-// The toolbar's buttons by key, in the order of the table of keys; an
-// unknown key does nothing.
+// A toolbar button by its key; an unknown key does nothing.
 void frmEditor::BotonBarra(const QString& clave) {
-  if (clave == "Nuevo")
-    Nuevo();
-  else if (clave == "Abrir")
-    Abrir();
-  else if (clave == "Guardar")
-    Guardar();
-  else if (clave == "Imprimir")
-    Imprimir();
-  else if (clave == "Cortar")
-    Cortar();
-  else if (clave == "Copiar")
-    Copiar();
-  else if (clave == "Pegar")
-    Pegar();
-  else if (clave == "Eliminar")
-    Eliminar();
-  else if (clave == "Deshacer")
-    Deshacer();
-  else if (clave == "Rehacer")
-    Rehacer();
-  else if (clave == "Resolver")
-    Derivar();
-  else if (clave == "Ayuda")
-    Contenido();
+  for (QAction* a : barraH_->actions())
+    if (!a->isSeparator() && a->data().toString() == clave) {
+      a->trigger();
+      return;
+    }
 }
 
 void frmEditor::ActualizaEstado() {
@@ -278,16 +282,6 @@ void frmEditor::ActualizaComandos() {
   const QMimeData* datos = portapapeles ? portapapeles->mimeData() : nullptr;
   const bool hayTexto = datos && datos->hasText();
   acciones_.value("Pegar")->setEnabled(hayTexto);
-  // The toolbar buttons follow their menu commands.
-  for (QAction* b : barraH_->actions()) {
-    const QString clave = b->data().toString();
-    if (clave == "Deshacer")
-      b->setEnabled(h.PuedeDeshacer());
-    else if (clave == "Rehacer")
-      b->setEnabled(h.PuedeRehacer());
-    else if (clave == "Pegar")
-      b->setEnabled(hayTexto);
-  }
   ActualizaSeleccion();
 }
 
@@ -298,10 +292,6 @@ void frmEditor::ActualizaSeleccion() {
   const bool haySel = editor_.Doc().HaySel();
   for (const char* n : {"Cortar", "Copiar", "Eliminar"})
     acciones_.value(n)->setEnabled(haySel);
-  for (QAction* b : barraH_->actions()) {
-    const QString clave = b->data().toString();
-    if (clave == "Cortar" || clave == "Copiar" || clave == "Eliminar") b->setEnabled(haySel);
-  }
 }
 
 void frmEditor::ActualizaTitulo() {
@@ -327,9 +317,7 @@ void frmEditor::Aplica(EfectoPresentacion efecto) {
     editor_.EspTab(EspTabSegura(presentacion_.GetEspTab()));
     break;
   default:
-    editor_.Colores(ColorSeguro(presentacion_.GetColorLetra(), kDefColorLetra),
-                    ColorSeguro(presentacion_.GetColorPC(), kDefColorPC),
-                    ColorSeguro(presentacion_.GetColorComment(), kDefColorComment));
+    PasaColores();
     editor_.TomaCambios();
     picEdit_->ActView();
   }
@@ -341,10 +329,10 @@ void frmEditor::Aplica(EfectoPresentacion efecto) {
 bool frmEditor::PreguntaGuardar() {
   if (!editor_.Modificado()) return true;
   switch (Dialogos::Pregunta(this, "Archivo cargado no fue guardado. ¿Guardar ahora?")) {
-  case Dialogos::Respuesta::Si:
+  case Respuesta::Si:
     GuardarComo();
     return !editor_.Modificado();
-  case Dialogos::Respuesta::No:
+  case Respuesta::No:
     return true;
   default:
     return false;
@@ -386,7 +374,7 @@ void frmEditor::RevisaDisco() {
   case CambioEnDisco::Cambiado: {
     QString texto = "El archivo «" + nombre + "» ha cambiado en el disco. ¿Volver a cargarlo?";
     if (editor_.Modificado()) texto += " Se perderán los cambios que no se han guardado.";
-    if (Dialogos::Pregunta(this, texto) == Dialogos::Respuesta::Si)
+    if (Dialogos::Pregunta(this, texto) == Respuesta::Si)
       AbreArchivo(QString::fromStdString(archivo_.ruta));
     TrasCambio();
     return;
@@ -411,9 +399,9 @@ bool frmEditor::Guardar() {
     switch (Dialogos::Pregunta(this, "El archivo «" + nombre +
                                          "» ha cambiado en el disco desde que se abrió o guardó. "
                                          "¿Guardar encima los cambios del documento?")) {
-    case Dialogos::Respuesta::Si:
+    case Respuesta::Si:
       break;
-    case Dialogos::Respuesta::No:
+    case Respuesta::No:
       return GuardarComo();
     default:
       return false;

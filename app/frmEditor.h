@@ -13,10 +13,10 @@
 #include <memory>
 
 #include "editor/AlmacenAjustes.h"
-#include "files/ArchivoDocumento.h"
 #include "editor/Buscador.h"
 #include "editor/Editor.h"
 #include "editor/Presentacion.h"
+#include "files/ArchivoDocumento.h"
 
 class QAction;
 class QPrinter;
@@ -48,7 +48,9 @@ public:
   void ImprimeEn(QPrinter& impresora);
   // The save question; whether the caller may go on.
   bool PreguntaGuardar();
-  // A toolbar button by its key ("Nuevo", ..., "Resolver", "Ayuda").
+  // A toolbar button by its key ("Nuevo", ..., "Resolver", "Ayuda"), as a
+  // click on it; an unknown key does nothing. The buttons are the menus' own
+  // commands, shown with a picture.
   void BotonBarra(const QString& clave);
   // Tells the user, once, that another program changed or deleted the open
   // file, and offers to read it again. Runs whenever the window becomes active.
@@ -83,6 +85,10 @@ protected:
   void changeEvent(QEvent* evento) override;
 
 private:
+  void CargaPresentacion();
+  void PasaColores();
+  void Conecta();
+  void ArrancaRelojes();
   void CreaAcciones();
   void CreaMenus();
   void CreaBarra();

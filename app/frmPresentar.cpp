@@ -16,7 +16,10 @@
 
 #include <cmath>
 
+#include "app/Controles.h"
 #include "app/Dialogos.h"
+#include "editor/Paleta.h"
+#include "editor/ValoresSeguros.h"
 
 namespace {
 
@@ -32,8 +35,7 @@ QFont FuenteEditor(float tam) {
 }
 
 QComboBox* NuevaListaColores(const char* nombre, QWidget* padre) {
-  auto* lista = new QComboBox(padre);
-  lista->setObjectName(QString::fromLatin1(nombre));
+  auto* lista = Nombrado(new QComboBox(padre), nombre);
   for (int i = 0; i < static_cast<int>(kNombresColor.size()); ++i) {
     QPixmap muestra(14, 14);
     muestra.fill(ColorDe(i));
@@ -84,32 +86,36 @@ frmPresentar::frmPresentar(Presentacion& presentacion, QWidget* padre)
     : QDialog(padre), presentacion_(presentacion), valores_(AbrePresentar(presentacion)) {
   setObjectName(QStringLiteral("frmPresentar"));
   setWindowTitle(QStringLiteral("Presentación"));
+  CreaControles();
+  Dispone();
+  MuestraValores();
+  Conecta();
+}
 
-  cmbTipoTexto = new QComboBox(this);
-  cmbTipoTexto->setObjectName(QStringLiteral("cmbTipoTexto"));
+void frmPresentar::CreaControles() {
+  cmbTipoTexto = Nombrado(new QComboBox(this), "cmbTipoTexto");
   cmbTipoTexto->addItems({QStringLiteral("Texto normal"), QStringLiteral("Texto seleccionado"),
                           QStringLiteral("Comentarios")});
   cmbPrimerPlano = NuevaListaColores("cmbPrimerPlano", this);
   cmbFondo = NuevaListaColores("cmbFondo", this);
   cmbFondoEditor = NuevaListaColores("cmbFondoEditor", this);
-  cmbTamFuente = new QComboBox(this);
-  cmbTamFuente->setObjectName(QStringLiteral("cmbTamFuente"));
+  cmbTamFuente = Nombrado(new QComboBox(this), "cmbTamFuente");
   for (const int tam : kTamFuentesDialogo)
     cmbTamFuente->addItem(TextoTam(static_cast<float>(tam)), static_cast<double>(tam));
-  txtTab = new QLineEdit(this);
-  txtTab->setObjectName(QStringLiteral("txtTab"));
+  txtTab = Nombrado(new QLineEdit(this), "txtTab");
   txtTab->setMaxLength(6);
-  chkScrollBar = new QCheckBox(QStringLiteral("Barras de desplazamiento"), this);
-  chkScrollBar->setObjectName(QStringLiteral("chkScrollBar"));
-  picMuestra = new MuestraPresentacion(this);
-  picMuestra->setObjectName(QStringLiteral("picMuestra"));
-  cmdAceptar = new QPushButton(QStringLiteral("Aceptar"), this);
-  cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
+  chkScrollBar =
+      Nombrado(new QCheckBox(QStringLiteral("Barras de desplazamiento"), this), "chkScrollBar");
+  picMuestra = Nombrado(new MuestraPresentacion(this), "picMuestra");
+  cmdAceptar = Nombrado(new QPushButton(QStringLiteral("Aceptar"), this), "cmdAceptar");
   cmdAceptar->setDefault(true);
-  cmdCancelar = new QPushButton(QStringLiteral("Cancelar"), this);
-  cmdCancelar->setObjectName(QStringLiteral("cmdCancelar"));
+  cmdCancelar = Nombrado(new QPushButton(QStringLiteral("Cancelar"), this), "cmdCancelar");
   cmdCancelar->setAutoDefault(false);
+}
 
+// The colours on the left above the other settings, the sample on the
+// right, the buttons below.
+void frmPresentar::Dispone() {
   auto* colores = new QGroupBox(QStringLiteral("Colores"), this);
   auto* formColores = new QFormLayout(colores);
   formColores->addRow(QStringLiteral("&Tipo de texto:"), cmbTipoTexto);
@@ -136,27 +142,34 @@ frmPresentar::frmPresentar(Presentacion& presentacion, QWidget* padre)
   auto* marco = new QVBoxLayout(this);
   marco->addLayout(arriba);
   marco->addWidget(botones);
+}
 
-  // The controls from the settings as the dialog opens. A font size that the
-  // list does not offer (one loaded from the store) is added to it, so that
-  // accepting without touching it keeps it.
-  const float tam = TamFuenteSegura(valores_.TamFuente);
-  valores_.TamFuente = tam;
-  int indiceTam = cmbTamFuente->findData(static_cast<double>(tam));
-  if (indiceTam < 0) {
-    indiceTam = 0;
-    while (indiceTam < cmbTamFuente->count() &&
-           cmbTamFuente->itemData(indiceTam).toDouble() < static_cast<double>(tam))
-      ++indiceTam;
-    cmbTamFuente->insertItem(indiceTam, TextoTam(tam), static_cast<double>(tam));
-  }
-  cmbTamFuente->setCurrentIndex(indiceTam);
+// The controls from the settings as the dialog opens.
+void frmPresentar::MuestraValores() {
+  valores_.TamFuente = TamFuenteSegura(valores_.TamFuente);
+  cmbTamFuente->setCurrentIndex(EntradaTamFuente(valores_.TamFuente));
   cmbFondoEditor->setCurrentIndex(valores_.ColorFondoEditor);
   txtTab->setText(QString::fromStdString(valores_.txtTab));
   chkScrollBar->setChecked(valores_.ScrollBars);
   cmbTipoTexto->setCurrentIndex(kTextoNormal);
   MuestraTipo();
+}
 
+// The font size list's entry for a size. A size that the list does not offer
+// (one loaded from the store) is added to it in order, so that accepting
+// without touching it keeps it.
+int frmPresentar::EntradaTamFuente(float tam) {
+  const int hallada = cmbTamFuente->findData(static_cast<double>(tam));
+  if (hallada >= 0) return hallada;
+  int indice = 0;
+  while (indice < cmbTamFuente->count() &&
+         cmbTamFuente->itemData(indice).toDouble() < static_cast<double>(tam))
+    ++indice;
+  cmbTamFuente->insertItem(indice, TextoTam(tam), static_cast<double>(tam));
+  return indice;
+}
+
+void frmPresentar::Conecta() {
   connect(cmbTipoTexto, &QComboBox::currentIndexChanged, this, &frmPresentar::MuestraTipo);
   connect(cmbPrimerPlano, &QComboBox::currentIndexChanged, this, &frmPresentar::CambiaPrimerPlano);
   connect(cmbFondo, &QComboBox::currentIndexChanged, this, &frmPresentar::CambiaFondo);

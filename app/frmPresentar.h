@@ -8,7 +8,7 @@
 #include <QDialog>
 #include <QWidget>
 
-#include "editor/Presentacion.h"
+#include "editor/DialogoPresentar.h"
 
 class QCheckBox;
 class QComboBox;
@@ -52,6 +52,11 @@ public:
   ValoresPresentar Valores() const;
 
 private:
+  void CreaControles();
+  void Dispone();
+  void MuestraValores();
+  int EntradaTamFuente(float tam);
+  void Conecta();
   void MuestraTipo();
   void CambiaPrimerPlano(int color);
   void CambiaFondo(int color);

@@ -21,15 +21,7 @@ frmReemp::frmReemp(Buscador& buscador, Editor& editor, QWidget* padre)
   buscador_.FijaPregunta([this](const std::string& texto) {
     // The match is selected: show it before asking about it.
     emit reemplazado();
-    switch (Dialogos::Pregunta(this, QString::fromStdString(texto))) {
-    case Dialogos::Respuesta::Si:
-      return Respuesta::Si;
-    case Dialogos::Respuesta::No:
-      return Respuesta::No;
-    case Dialogos::Respuesta::Cancelar:
-      break;
-    }
-    return Respuesta::Cancelar;
+    return Dialogos::Pregunta(this, QString::fromStdString(texto));
   });
 }
 

@@ -6,9 +6,9 @@
 #include <QPixmap>
 #include <QTimer>
 
+#include "app/AlmacenAjustesQt.h"
 #include "app/Dialogos.h"
 #include "app/frmEditor.h"
-#include "app/AlmacenAjustesQt.h"
 #include "lang/Aviso.h"
 
 int main(int argc, char** argv) {

@@ -2,22 +2,12 @@
 
 #include "lang/Caracteres.h"
 #include "lang/Cp1252.h"
+#include "lang/EnteroAcotado.h"
 
 namespace {
 
-// A whole number from 0 to 300, blanks around it allowed.
-std::optional<int> Cifras(const std::string& texto) {
-  const auto ini = texto.find_first_not_of(" \t");
-  if (ini == std::string::npos) return std::nullopt;
-  const auto fin = texto.find_last_not_of(" \t");
-  int valor = 0;
-  for (std::size_t i = ini; i <= fin; ++i) {
-    if (!EsDigito(static_cast<unsigned char>(texto[i]))) return std::nullopt;
-    valor = valor * 10 + (texto[i] - '0');
-    if (valor > 300) return std::nullopt;
-  }
-  return valor;
-}
+// Rounding digits as the number formatter takes them.
+std::optional<int> Cifras(const std::string& texto) { return EnteroAcotado(texto, 0, 300); }
 
 bool Identificador(const std::string& nombre) { return EsIdentificador(Utf8ACp1252(nombre)); }
 

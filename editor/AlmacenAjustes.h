@@ -7,6 +7,9 @@
 #include <string>
 #include <tuple>
 
+// The application name the program's settings are kept under.
+inline constexpr const char* kAplicacionAjustes = "Mirkal";
+
 class AlmacenAjustes {
 public:
   virtual ~AlmacenAjustes() = default;

@@ -8,25 +8,15 @@
 
 namespace {
 
-bool EsCarPalabra(char c) {
-  const auto b = static_cast<unsigned char>(c);
-  return EsCarId(b) || b == '_';
-}
-
 // The text sought as the rows hold it, or "" when a character of it cannot
 // stand in a row (outside the code page, or broken UTF-8): such a text is
 // never found, although the byte that stands in for it may well sit in a row
 // loaded from a file.
 std::string BytesBuscados(const std::string& utf8) {
-  std::string bytes = Utf8ACp1252(utf8);
-  return Cp1252AUtf8(bytes) == utf8 ? bytes : std::string();
+  return PrimerCaracterAjeno(utf8).empty() ? Utf8ACp1252(utf8) : std::string();
 }
 
 } // namespace
-
-bool EsPalabra(std::string_view bytes) {
-  return !bytes.empty() && std::all_of(bytes.begin(), bytes.end(), EsCarPalabra);
-}
 
 int BuscaEnCadena(std::string_view linea, std::string_view texto, int inicio, bool palabraCompleta,
                   int modoComparacion) {
@@ -41,11 +31,14 @@ int BuscaEnCadena(std::string_view linea, std::string_view texto, int inicio, bo
     donde = lineaPlegada;
     que = textoPlegado;
   }
+  const auto dePalabra = [&](std::size_t i) {
+    return EsCarPalabra(static_cast<unsigned char>(linea[i]));
+  };
   for (std::size_t p = donde.find(que, static_cast<std::size_t>(inicio - 1));
        p != std::string_view::npos; p = donde.find(que, p + 1)) {
     const std::size_t fin = p + que.size();
-    const bool libreAntes = p == 0 || !EsCarPalabra(linea[p - 1]);
-    const bool libreDespues = fin == linea.size() || !EsCarPalabra(linea[fin]);
+    const bool libreAntes = p == 0 || !dePalabra(p - 1);
+    const bool libreDespues = fin == linea.size() || !dePalabra(fin);
     if (!palabraCompleta || (libreAntes && libreDespues)) return static_cast<int>(p) + 1;
   }
   return 0;

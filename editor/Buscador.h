@@ -14,22 +14,16 @@
 #include <utility>
 
 #include "editor/Editor.h"
-
-// Whether every character of a Windows-1252 text is a word character: a
-// digit, an ASCII letter, "_" or one of the twelve accented letters of
-// Spanish (not ü). The empty text is no word.
-bool EsPalabra(std::string_view bytes);
+#include "editor/Respuesta.h"
 
 // The first occurrence of `texto` in `linea` at or after the 1-based
 // position `inicio`, as a 1-based position, or 0. With `palabraCompleta`,
-// an occurrence counts only between non-word characters or the row's ends.
+// an occurrence counts only between non-word characters (EsCarPalabra) or the
+// row's ends.
 // `modoComparacion` 0 compares exactly, 1 ignores letter case. An empty
 // `texto` or an `inicio` below 1 finds nothing.
 int BuscaEnCadena(std::string_view linea, std::string_view texto, int inicio, bool palabraCompleta,
                   int modoComparacion);
-
-// The answers to "¿Reemplazar la cadena buscada?".
-enum class Respuesta { Si, No, Cancelar };
 
 // UnoAUno asks before each replacement (cmdSí); Todos replaces every match
 // without asking (cmdReplaceAll).

@@ -5,30 +5,6 @@
 #include "lang/Caracteres.h"
 #include "lang/Cp1252.h"
 
-namespace {
-
-// The first character of a UTF-8 text that Windows-1252 cannot hold, or "".
-std::string CaracterAjeno(const std::string& texto) {
-  for (std::size_t i = 0; i < texto.size();) {
-    std::size_t n = 1;
-    const auto b = static_cast<unsigned char>(texto[i]);
-    if (b >= 0xF0)
-      n = 4;
-    else if (b >= 0xE0)
-      n = 3;
-    else if (b >= 0xC0)
-      n = 2;
-    const std::string c = texto.substr(i, n);
-    if (static_cast<unsigned char>(Utf8ACp1252(c)[0]) == kByteAjeno && c != "\xC2\x81") return c;
-    i += n;
-  }
-  return "";
-}
-
-bool EsCaracterDePalabra(unsigned char c) { return EsCarId(c) || c == '_'; }
-
-} // namespace
-
 Editor::Editor() { coloreador_.Colores(0, 1, 2); }
 
 void Editor::Colores(int letra, int palabraClave, int comentario) {
@@ -70,7 +46,8 @@ void Editor::Deshace(const Reemplazo& r) { Aplica(Reemplazo{r.pos, r.puesto, r.q
 
 // Whether replacing [desde, hasta) by `bytes` keeps every row it makes within
 // the row limit (a row already longer, loaded from a file, may stay so as
-// long as it does not grow).
+// long as it does not grow). The rows of `bytes` are parted as
+// Documento::Inserta parts them.
 bool Editor::CabeEnFilas(Posicion desde, Posicion hasta, const std::string& bytes) const {
   const int antes = desde.col, despues = doc_.LongFila(hasta.fila) - hasta.col;
   const int limite =
@@ -102,7 +79,7 @@ Resultado Editor::Cambia(int tipo, Posicion desde, Posicion hasta, const std::st
 
 Resultado Editor::InsertaTexto(const std::string& texto, int tipo) {
   if (texto.empty()) return {false, ""};
-  if (const std::string c = CaracterAjeno(texto); !c.empty())
+  if (const std::string c = PrimerCaracterAjeno(texto); !c.empty())
     return {false, "El texto contiene el carácter «" + c +
                        "», que el documento no puede guardar. No se ha insertado nada."};
   const std::string bytes = FinesDeLineaDeDocumento(Utf8ACp1252(texto));
@@ -131,7 +108,7 @@ Resultado Editor::EditaCmd(int codigo, const std::string& texto) {
   switch (codigo) {
   case kEscribir: {
     const std::string byte = Utf8ACp1252(texto);
-    if (byte.size() != 1 || !CaracterAjeno(texto).empty()) return {false, ""};
+    if (byte.size() != 1 || !PrimerCaracterAjeno(texto).empty()) return {false, ""};
     // Enter, Backspace and Tab come as commands; their control characters in
     // a cell would read back as line breaks the rows do not have.
     if (static_cast<unsigned char>(byte[0]) < 0x20 || byte[0] == 0x7F) return {false, ""};
@@ -257,8 +234,7 @@ void Editor::SeleccionaPalabra() {
   const FilaCeldas& fila = doc_.Fila(c.fila);
   auto dePalabra = [&](int col) {
     return col >= 0 && col < static_cast<int>(fila.size()) &&
-           EsCaracterDePalabra(
-               static_cast<unsigned char>(fila[static_cast<std::size_t>(col)] & 0xFF));
+           EsCarPalabra(static_cast<unsigned char>(fila[static_cast<std::size_t>(col)] & 0xFF));
   };
   int ini = c.col, fin = c.col;
   if (!dePalabra(ini) && dePalabra(ini - 1)) --ini, --fin; // just after a word
@@ -307,7 +283,7 @@ void Editor::Rehacer() {
 
 Resultado Editor::ReemplazaEnFila(int fila, int col, int largo, const std::string& texto, int tipo,
                                   bool continua) {
-  if (!CaracterAjeno(texto).empty())
+  if (!PrimerCaracterAjeno(texto).empty())
     return {false, "El texto de reemplazo contiene un carácter que el documento no puede guardar."};
   const std::string bytes = Utf8ACp1252(texto);
   if (bytes.find_first_of("\r\n") != std::string::npos)

@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "files/ArchivoTexto.h"
 #include "editor/Editor.h"
+#include "files/ArchivoTexto.h"
 
 // A file's size and modification time in nanoseconds; -1 for both when the
 // file does not exist.

@@ -17,33 +17,9 @@ namespace {
 
 constexpr std::string_view kBom = "\xEF\xBB\xBF";
 
-// Calls `fila` with each row of `texto`. A row ends at "\r\n", a lone "\r" or
-// a lone "\n", so files from every system open with the rows the user sees.
-template <class F> void RecorreFilas(std::string_view texto, F&& fila) {
-  std::size_t inicio = 0;
-  for (std::size_t i = 0; i < texto.size(); ++i) {
-    const char c = texto[i];
-    if (c != '\r' && c != '\n') continue;
-    fila(texto.substr(inicio, i - inicio));
-    if (c == '\r' && i + 1 < texto.size() && texto[i + 1] == '\n') ++i;
-    inicio = i + 1;
-  }
-  fila(texto.substr(inicio));
-}
-
 bool TieneNoAscii(std::string_view texto) {
   return std::any_of(texto.begin(), texto.end(),
                      [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-}
-
-// The code point of the well-formed UTF-8 sequence at s[i] and its length.
-char32_t PuntoCodigo(std::string_view s, std::size_t i, std::size_t& n) {
-  const auto b = static_cast<unsigned char>(s[i]);
-  n = b < 0x80 ? 1 : b < 0xE0 ? 2 : b < 0xF0 ? 3 : 4;
-  char32_t cp = n == 1 ? b : b & (0x7F >> n);
-  for (std::size_t k = 1; k < n; ++k)
-    cp = (cp << 6) | (static_cast<unsigned char>(s[i + k]) & 0x3F);
-  return cp;
 }
 
 // Characters that show nothing by themselves: controls, combining marks,
@@ -53,30 +29,28 @@ bool EsInvisible(char32_t cp) {
          (cp >= 0x2028 && cp <= 0x202F) || (cp >= 0x2060 && cp <= 0x206F) || cp == 0xFEFF;
 }
 
-// Checks a UTF-8 row against its Windows-1252 conversion, in which every
-// character the code page lacks became the foreign byte. The foreign byte is
-// also the code page's own U+0081, so each one is traced back to its source.
-bool FilaCabe(std::string_view utf8, const std::string& fila, std::size_t numFila,
-              std::string& error) {
-  const char ajeno = static_cast<char>(kByteAjeno);
-  if (fila.find(ajeno) == std::string::npos) return true;
-  std::size_t n = 0;
-  for (std::size_t i = 0, col = 0; i < utf8.size(); i += n, ++col) {
-    const char32_t cp = PuntoCodigo(utf8, i, n);
-    if (fila[col] != ajeno || cp == kByteAjeno) continue;
-    std::string nombre;
-    if (EsInvisible(cp)) {
-      char hex[16];
-      std::snprintf(hex, sizeof hex, "U+%04X", static_cast<unsigned>(cp));
-      nombre = hex;
-    } else {
-      nombre = "«" + std::string(utf8.substr(i, n)) + "»";
-    }
-    error = "El archivo contiene el carácter " + nombre + " (línea " + std::to_string(numFila) +
-            ", columna " + std::to_string(col + 1) + "), que el documento no puede guardar.";
-    return false;
+// Whether every character of a row read as UTF-8 fits a cell; if not, a
+// message naming the first one that does not, with its line and column.
+bool FilaCabe(std::string_view utf8, std::size_t numFila, std::string& error) {
+  const std::string ajeno = PrimerCaracterAjeno(utf8);
+  if (ajeno.empty()) return true;
+  // UTF-8 synchronises itself, so the first place these bytes stand is where
+  // the character starts.
+  const std::size_t i = utf8.find(ajeno);
+  char32_t cp = 0;
+  DecodificaUtf8(ajeno, 0, cp);
+  std::string nombre;
+  if (EsInvisible(cp)) {
+    char hex[16];
+    std::snprintf(hex, sizeof hex, "U+%04X", static_cast<unsigned>(cp));
+    nombre = hex;
+  } else {
+    nombre = "«" + ajeno + "»";
   }
-  return true;
+  const int col = LongitudUtf8(utf8.substr(0, i)) + 1;
+  error = "El archivo contiene el carácter " + nombre + " (línea " + std::to_string(numFila) +
+          ", columna " + std::to_string(col) + "), que el documento no puede guardar.";
+  return false;
 }
 
 // The reason for a failed file operation, as a user would say it.
@@ -166,8 +140,8 @@ bool DecodificaArchivo(const std::string& bytes, ContenidoArchivo& contenido, st
   } else {
     RecorreFilas(texto, [&](std::string_view f) {
       if (!cabe) return;
+      cabe = FilaCabe(f, filas.size() + 1, error);
       filas.push_back(Utf8ACp1252(f));
-      cabe = FilaCabe(f, filas.back(), filas.size(), error);
     });
   }
   if (!cabe) return false;

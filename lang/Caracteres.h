@@ -30,10 +30,20 @@ inline bool EsInicioId(unsigned char b) {
 
 inline bool EsCarId(unsigned char b) { return EsInicioId(b) || EsDigito(b); }
 
+// A character of a word: what follows the first letter of a name (a letter,
+// a digit or "_"). Whole-word search and the double click go by it, so that
+// a word is what the language reads as one name.
+inline bool EsCarPalabra(unsigned char b) { return EsCarId(b) || b == '_'; }
+
+// Whether a text is one whole word: not empty, every character a word
+// character.
+inline bool EsPalabra(std::string_view bytes) {
+  for (const char c : bytes)
+    if (!EsCarPalabra(static_cast<unsigned char>(c))) return false;
+  return !bytes.empty();
+}
+
 // A name as variables are named: a letter, then letters, digits or "_".
 inline bool EsIdentificador(std::string_view bytes) {
-  if (bytes.empty() || !EsInicioId(static_cast<unsigned char>(bytes[0]))) return false;
-  for (const char c : bytes)
-    if (!EsCarId(static_cast<unsigned char>(c)) && c != '_') return false;
-  return true;
+  return EsPalabra(bytes) && EsInicioId(static_cast<unsigned char>(bytes[0]));
 }

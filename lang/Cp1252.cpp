@@ -32,8 +32,8 @@ void AñadeUtf8(std::string& out, char32_t cp) {
   }
 }
 
-// Decodes one UTF-8 sequence at s[i]; returns its length, or 0 when the
-// sequence is broken, overlong, a surrogate or beyond U+10FFFF.
+} // namespace
+
 std::size_t DecodificaUtf8(std::string_view s, std::size_t i, char32_t& cp) {
   const auto b0 = static_cast<unsigned char>(s[i]);
   std::size_t n;
@@ -59,8 +59,6 @@ std::size_t DecodificaUtf8(std::string_view s, std::size_t i, char32_t& cp) {
   if (cp < minimo || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
   return n;
 }
-
-} // namespace
 
 std::string Utf8ACp1252(std::string_view utf8) {
   std::string out;
@@ -92,6 +90,18 @@ bool EsUtf8Valido(std::string_view texto) {
     i += n;
   }
   return true;
+}
+
+std::string PrimerCaracterAjeno(std::string_view utf8) {
+  for (std::size_t i = 0; i < utf8.size();) {
+    char32_t cp = 0;
+    const std::size_t n = DecodificaUtf8(utf8, i, cp);
+    if (n == 0) return std::string(utf8.substr(i, 1));
+    // U+0081 is the code page's own undefined byte, not a stand-in.
+    if (ByteDe(cp) == kByteAjeno && cp != kByteAjeno) return std::string(utf8.substr(i, n));
+    i += n;
+  }
+  return "";
 }
 
 int LongitudUtf8(std::string_view utf8) { return static_cast<int>(Utf8ACp1252(utf8).size()); }
@@ -127,13 +137,11 @@ std::string EnMayusculas(std::string_view bytes) { return Convierte<Mayuscula>(b
 std::string FinesDeLineaDeDocumento(std::string_view texto) {
   std::string out;
   out.reserve(texto.size());
-  for (std::size_t i = 0; i < texto.size(); ++i) {
-    if (texto[i] == '\r' || texto[i] == '\n') {
-      out += "\r\n";
-      if (texto[i] == '\r' && i + 1 < texto.size() && texto[i + 1] == '\n') ++i;
-    } else {
-      out += texto[i];
-    }
-  }
+  bool primera = true;
+  RecorreFilas(texto, [&](std::string_view fila) {
+    if (!primera) out += "\r\n";
+    out += fila;
+    primera = false;
+  });
   return out;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "editor/Buscador.h"
+#include "lang/Caracteres.h"
 #include "lang/Cp1252.h"
 
 namespace {

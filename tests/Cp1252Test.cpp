@@ -63,6 +63,51 @@ TEST(Cp1252, ForeignCharactersAndBrokenUtf8BecomeTheForeignByte) {
   }
 }
 
+TEST(Cp1252, OneCharacterDecodedAtATime) {
+  const struct {
+    std::string utf8;
+    std::size_t largo;
+    char32_t cp;
+  } casos[] = {
+      {"x", 1, U'x'},
+      {"ñ", 2, U'ñ'},
+      {"€", 3, U'€'},
+      {"😀", 4, U'😀'},
+      {"\xC0\xAF", 0, 0},
+      {"\xED\xA0\x80", 0, 0},
+      {"\xF4\x90\x80\x80", 0, 0},
+      {"\xE2\x82", 0, 0},
+      {"\x80", 0, 0},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(testing::PrintToString(c.utf8));
+    char32_t cp = 0;
+    const std::size_t largo = DecodificaUtf8(c.utf8 + "z", 0, cp);
+    EXPECT_EQ(largo, c.largo);
+    if (largo > 0) {
+      EXPECT_EQ(cp, c.cp);
+    }
+  }
+  char32_t cp = 0;
+  EXPECT_EQ(DecodificaUtf8("añ", 1, cp), 2u);
+  EXPECT_EQ(cp, U'ñ');
+}
+
+// The character that keeps a text out of a document, as a message names it.
+TEST(Cp1252, TheFirstCharacterThatDoesNotFit) {
+  const std::pair<std::string, std::string> casos[] = {
+      {"", ""},
+      {"año·€\u0081Ÿ", ""}, // U+0081 is the code page's own byte
+      {"ab→c中", "→"},
+      {"y = x😀", "😀"},
+      {"a\u0085", "\u0085"},
+      {"x\xC3(", "\xC3"}, // a broken sequence is named by its first byte
+      {"\xE2\x82", "\xE2"},
+  };
+  for (const auto& [utf8, ajeno] : casos)
+    EXPECT_EQ(PrimerCaracterAjeno(utf8), ajeno) << testing::PrintToString(utf8);
+}
+
 // ASCII passes unchanged, and every byte comes back; lengths count
 // characters, not bytes.
 TEST(Cp1252, EveryByteSurvivesTheRoundTrip) {

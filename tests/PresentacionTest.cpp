@@ -1,5 +1,9 @@
 #include "editor/Presentacion.h"
 
+#include "editor/DialogoPresentar.h"
+#include "editor/Paleta.h"
+#include "editor/ValoresSeguros.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -224,7 +228,10 @@ TEST_F(PresentacionTest, UnAlmacenQueFallaSeAvisaUnaVez) {
 }
 
 TEST_F(PresentacionTest, AceptarLlamaALosSetterEnOrden) {
-  ValoresPresentar v{12.0f, " 8 ", 4, false, 14, 2, 3, 7};
+  ValoresPresentar v;
+  v.TamFuente = 12.0f, v.txtTab = " 8 ", v.ColorLetra = 4, v.ScrollBars = false;
+  v.ColorLetraSel = 14, v.ColorFondoSel = 2, v.ColorComment = 3, v.ColorFondoEditor = 7;
+  v.EspTab = 20, v.ColorPC = 9; // the tab width comes from the box; the keyword colour stays
   EXPECT_EQ(AceptaPresentar(p, v), std::nullopt);
   EXPECT_EQ(almacen.escrituras,
             (Textos{"Editor/TamFuente=12", "Editor/Tab=8", "Editor/m_ColorLetra=4",

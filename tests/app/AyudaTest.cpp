@@ -17,8 +17,8 @@
 
 #include "app/VentanaAyuda.h"
 #include "commands/ConfigDerivacion.h"
-#include "differentiation/Derivada.h"
 #include "commands/OrdenDerivar.h"
+#include "differentiation/Derivada.h"
 #include "editor/AlmacenAjustes.h"
 #include "editor/Buscador.h"
 #include "editor/Presentacion.h"

@@ -18,14 +18,15 @@
 
 #include "ControlesPrueba.h"
 #include "app/Dialogos.h"
+#include "app/frmBuscar.h"
 #include "app/frmConfig.h"
+#include "app/frmPresentar.h"
+#include "app/frmReemp.h"
 #include "editor/AlmacenAjustes.h"
 #include "editor/Buscador.h"
 #include "editor/Editor.h"
+#include "editor/Paleta.h"
 #include "editor/Presentacion.h"
-#include "app/frmBuscar.h"
-#include "app/frmPresentar.h"
-#include "app/frmReemp.h"
 
 namespace {
 
@@ -46,8 +47,8 @@ protected:
     r.pregunta = [this](const QString& texto) {
       preguntas.push_back(texto);
       if (alPreguntar) alPreguntar();
-      if (respuestas.empty()) return Dialogos::Respuesta::Cancelar;
-      const Dialogos::Respuesta primera = respuestas.front();
+      if (respuestas.empty()) return Respuesta::Cancelar;
+      const Respuesta primera = respuestas.front();
       respuestas.erase(respuestas.begin());
       return primera;
     };
@@ -62,7 +63,7 @@ protected:
   }
 
   std::vector<QString> avisos, preguntas;
-  std::vector<Dialogos::Respuesta> respuestas;
+  std::vector<Respuesta> respuestas;
   std::function<void()> alAvisar, alPreguntar;
 };
 
@@ -287,7 +288,7 @@ TEST_F(BuscarTest, ReemplazarUnoAUnoPreguntaConLaCoincidenciaSeleccionada) {
     seleccionadas.push_back(ed.Doc().InicioSel());
     redibujosAlPreguntar = reemplazado.count();
   };
-  respuestas = {Dialogos::Respuesta::No, Dialogos::Respuesta::Si, Dialogos::Respuesta::Cancelar};
+  respuestas = {Respuesta::No, Respuesta::Si, Respuesta::Cancelar};
   Pulsa(Control<QPushButton>(dlg, "cmdSí"));
 
   EXPECT_EQ(preguntas, std::vector<QString>(3, "¿Reemplazar la cadena buscada?"));

@@ -37,17 +37,18 @@
 
 #include "../DiscoLlenoPrueba.h"
 #include "ControlesPrueba.h"
+#include "app/AlmacenAjustesQt.h"
 #include "app/Dialogos.h"
 #include "app/VentanaAyuda.h"
-#include "app/frmEditor.h"
-#include "commands/OrdenDerivar.h"
-#include "app/frmConfig.h"
-#include "editor/AlmacenAjustes.h"
-#include "app/AlmacenAjustesQt.h"
 #include "app/VistaEditor.h"
 #include "app/frmBuscar.h"
+#include "app/frmConfig.h"
+#include "app/frmEditor.h"
 #include "app/frmPresentar.h"
 #include "app/frmReemp.h"
+#include "commands/OrdenDerivar.h"
+#include "editor/AlmacenAjustes.h"
+#include "editor/Paleta.h"
 #include "lang/SintaxExp.h"
 
 namespace {
@@ -127,9 +128,9 @@ protected:
       preguntas.push_back(S(texto));
       if (respuestas.empty()) {
         ADD_FAILURE() << "pregunta sin respuesta prevista: " << S(texto);
-        return Dialogos::Respuesta::Cancelar;
+        return Respuesta::Cancelar;
       }
-      const Dialogos::Respuesta primera = respuestas.front();
+      const Respuesta primera = respuestas.front();
       respuestas.erase(respuestas.begin());
       return primera;
     };
@@ -219,7 +220,7 @@ protected:
   QTemporaryDir carpeta;
   std::vector<AvisoVisto> avisos;
   std::vector<std::string> preguntas;
-  std::vector<Dialogos::Respuesta> respuestas;
+  std::vector<Respuesta> respuestas;
   std::vector<std::string> propuestos;
   QString rutaGuardar, rutaAbrir;
   int nombresAbrir = 0;
@@ -429,6 +430,29 @@ TEST_F(VentanaTest, ElBotonResolverDerivaYUnaClaveDesconocidaNoHaceNada) {
   EXPECT_TRUE(avisos.empty());
 }
 
+// Each toolbar button is its menu command itself, so that enabling it and
+// its shortcut are one; the menus show no pictures.
+TEST_F(VentanaTest, LaBarraMuestraLosMismosComandosQueLosMenus) {
+  frmEditor& w = NuevaVentana();
+  const std::pair<const char*, const char*> botones[]{
+      {"Nuevo", "Nuevo"},       {"Abrir", "Abrir"},       {"Guardar", "Guardar"},
+      {"Imprimir", "Imprimir"}, {"Cortar", "Cortar"},     {"Copiar", "Copiar"},
+      {"Pegar", "Pegar"},       {"Eliminar", "Eliminar"}, {"Deshacer", "Deshacer"},
+      {"Rehacer", "Rehacer"},   {"Resolver", "Derivar"},  {"Ayuda", "Contenido"}};
+  int vistos = 0;
+  for (QAction* a : w.BarraH()->actions())
+    vistos += a->isSeparator() ? 0 : 1;
+  EXPECT_EQ(vistos, 12);
+  for (auto [clave, accion] : botones) {
+    QAction* boton = Boton(w, clave);
+    EXPECT_EQ(boton, w.Accion(accion)) << clave;
+    ASSERT_NE(boton, nullptr);
+    EXPECT_FALSE(boton->icon().isNull()) << clave;
+    EXPECT_FALSE(boton->isIconVisibleInMenu()) << clave;
+  }
+  EXPECT_EQ(S(Boton(w, "Resolver")->toolTip()), "Derivar");
+}
+
 TEST_F(VentanaTest, UnErrorSeleccionaSuTramoYLoDice) {
   frmEditor& w = NuevaVentana();
   const std::string programa = S(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
@@ -556,7 +580,7 @@ TEST_F(VentanaTest, SinCambiosSeCierraSinPreguntar) {
 TEST_F(VentanaTest, SiYUnNombreCanceladoDejanLaVentanaAbiertaYModificada) {
   frmEditor& w = NuevaVentana();
   QTest::keyClicks(w.Vista(), "y = x");
-  respuestas = {Dialogos::Respuesta::Si};
+  respuestas = {Respuesta::Si};
   rutaGuardar.clear(); // the name dialog is cancelled
   EXPECT_FALSE(w.close());
   EXPECT_TRUE(w.isVisible());
@@ -577,7 +601,7 @@ TEST_F(VentanaTest, SiConNombreGuardaYCierra) {
   QTest::keyClick(w.Vista(), Qt::Key_End);
   QTest::keyClick(w.Vista(), Qt::Key_Return);
   QTest::keyClicks(w.Vista(), "'nota");
-  respuestas = {Dialogos::Respuesta::Si};
+  respuestas = {Respuesta::Si};
   rutaGuardar = Ruta("otro.txt");
   EXPECT_TRUE(w.close());
   EXPECT_FALSE(w.isVisible());
@@ -590,7 +614,7 @@ TEST_F(VentanaTest, SiConNombreGuardaYCierra) {
 TEST_F(VentanaTest, NoCierraSinGuardar) {
   frmEditor& w = NuevaVentana();
   QTest::keyClicks(w.Vista(), "y = x");
-  respuestas = {Dialogos::Respuesta::No};
+  respuestas = {Respuesta::No};
   EXPECT_TRUE(w.close());
   EXPECT_FALSE(w.isVisible());
   EXPECT_EQ(preguntas, std::vector<std::string>{kPreguntaGuardar});
@@ -601,18 +625,18 @@ TEST_F(VentanaTest, NoCierraSinGuardar) {
 TEST_F(VentanaTest, CancelarDejaLaVentanaAbierta) {
   frmEditor& w = NuevaVentana();
   QTest::keyClicks(w.Vista(), "y = x");
-  respuestas = {Dialogos::Respuesta::Cancelar};
+  respuestas = {Respuesta::Cancelar};
   w.Accion("Salir")->trigger();
   EXPECT_TRUE(w.isVisible());
   EXPECT_EQ(preguntas, std::vector<std::string>{kPreguntaGuardar});
   EXPECT_TRUE(propuestos.empty());
   EXPECT_TRUE(w.Modelo().Modificado());
   // Nuevo asks the same question, and Cancel keeps the document.
-  respuestas = {Dialogos::Respuesta::Cancelar};
+  respuestas = {Respuesta::Cancelar};
   PulsaBoton(w, "Nuevo");
   EXPECT_EQ(preguntas.size(), 2u);
   EXPECT_EQ(Texto(w), "y = x");
-  respuestas = {Dialogos::Respuesta::No};
+  respuestas = {Respuesta::No};
   w.Nuevo();
   EXPECT_EQ(Texto(w), "");
   EXPECT_FALSE(w.Modelo().Modificado());
@@ -625,7 +649,7 @@ TEST_F(VentanaTest, UnGuardadoFallidoDicePorQueYConservaElDocumento) {
   // A "folder" that is a file: writing fails there whatever the user's rights.
   EscribeArchivo(Ruta("no-es-carpeta"), "");
   rutaGuardar = Ruta("no-es-carpeta/doc.txt");
-  respuestas = {Dialogos::Respuesta::Si};
+  respuestas = {Respuesta::Si};
   EXPECT_FALSE(w.close());
   EXPECT_TRUE(w.isVisible());
   ASSERT_EQ(avisos.size(), 1u);
@@ -650,7 +674,7 @@ TEST_F(VentanaTest, GuardarPreguntaSiOtroProgramaCambioElArchivo) {
   ASSERT_TRUE(w.AbreArchivo(ruta));
   QTest::keyClicks(w.Vista(), "1");
   EscribeArchivo(ruta, "y = otra cosa, escrita por otro programa");
-  respuestas = {Dialogos::Respuesta::Cancelar};
+  respuestas = {Respuesta::Cancelar};
   EXPECT_FALSE(w.Guardar());
   ASSERT_EQ(preguntas.size(), 1u);
   EXPECT_NE(preguntas[0].find("ha cambiado en el disco"), std::string::npos);
@@ -658,7 +682,7 @@ TEST_F(VentanaTest, GuardarPreguntaSiOtroProgramaCambioElArchivo) {
   EXPECT_TRUE(w.Modelo().Modificado());
   w.RevisaDisco(); // the user has been told already
   EXPECT_EQ(preguntas.size(), 1u);
-  respuestas = {Dialogos::Respuesta::Si};
+  respuestas = {Respuesta::Si};
   EXPECT_TRUE(w.Guardar());
   EXPECT_EQ(Bytes(ruta), QByteArray("1y = x"));
   EXPECT_FALSE(w.Modelo().Modificado());
@@ -704,7 +728,7 @@ TEST_F(VentanaTest, UnArchivoCambiadoOBorradoFueraSeAvisaUnaVez) {
 
   QTest::keyClicks(w.Vista(), "1");
   EscribeArchivo(ruta, "y = x^2");
-  respuestas = {Dialogos::Respuesta::No};
+  respuestas = {Respuesta::No};
   w.RevisaDisco();
   ASSERT_EQ(preguntas.size(), 1u);
   EXPECT_EQ(preguntas[0], "El archivo «compartido.txt» ha cambiado en el disco. ¿Volver a "
@@ -715,7 +739,7 @@ TEST_F(VentanaTest, UnArchivoCambiadoOBorradoFueraSeAvisaUnaVez) {
   EXPECT_EQ(preguntas.size(), 1u);
 
   EscribeArchivo(ruta, "y = x^3");
-  respuestas = {Dialogos::Respuesta::Si};
+  respuestas = {Respuesta::Si};
   w.RevisaDisco();
   EXPECT_EQ(preguntas.size(), 2u);
   EXPECT_EQ(Texto(w), "y = x^3");
@@ -732,7 +756,7 @@ TEST_F(VentanaTest, UnArchivoCambiadoOBorradoFueraSeAvisaUnaVez) {
   EXPECT_EQ(Texto(w), "2y = x^3");
   EXPECT_TRUE(w.Modelo().Modificado());
   // Guardar still asks, since the file is not what the document last saw.
-  respuestas = {Dialogos::Respuesta::Si};
+  respuestas = {Respuesta::Si};
   EXPECT_TRUE(w.Guardar());
   EXPECT_EQ(preguntas.size(), 3u);
   EXPECT_EQ(Bytes(ruta), QByteArray("2y = x^3"));
@@ -747,7 +771,7 @@ TEST_F(VentanaTest, AbrirCargaElArchivoYPoneElCursorAlPrincipio) {
   const QString ruta = Ruta("ejemplo.txt");
   EscribeArchivo(ruta, "y = x^2\r\n'Derivada hallada:\r\n'dy/dx = 2*x");
   rutaAbrir = ruta;
-  respuestas = {Dialogos::Respuesta::No};
+  respuestas = {Respuesta::No};
   PulsaBoton(w, "Abrir");
   EXPECT_EQ(preguntas, std::vector<std::string>{kPreguntaGuardar});
   EXPECT_EQ(nombresAbrir, 1);
