@@ -84,7 +84,7 @@ int CuentaVar(std::string_view t, std::string_view nombre) {
     const auto c = static_cast<unsigned char>(t[i]);
     if (EsInicioId(c)) {
       std::size_t j = i + 1;
-      while (j < t.size() && (EsCarId(static_cast<unsigned char>(t[j])) || t[j] == '_'))
+      while (j < t.size() && EsCarPalabra(static_cast<unsigned char>(t[j])))
         ++j;
       if (j - i == nombre.size() && EnMayusculas(t.substr(i, j - i)) == nombre) ++cuenta;
       i = j;

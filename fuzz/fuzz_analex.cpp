@@ -231,7 +231,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam
     } else if (cls == lex.IndId() || cls == lex.IndPC()) {
       EXIGE(EsInicioId(primero), "identificador mal empezado: " + Visible(std::string(lexema)));
       for (const char c : lexema)
-        EXIGE(EsCarId(static_cast<unsigned char>(c)) || c == '_',
+        EXIGE(EsCarPalabra(static_cast<unsigned char>(c)),
               "identificador con " + Visible(std::string(1, c)));
       const Registrada* r = Busca(palabras, EnMinusculas(lexema));
       if (cls == lex.IndPC()) {

@@ -63,11 +63,7 @@ void AnaLex::PuntoDec(const std::string& separador) {
 
 void AnaLex::AñadePC(int codigo, const std::string& palabra) {
   const std::string p = EnMinusculas(Utf8ACp1252(palabra));
-  const bool bienFormada = !p.empty() && EsInicioId(static_cast<unsigned char>(p[0])) &&
-                           std::all_of(p.begin(), p.end(), [](char c) {
-                             return EsCarId(static_cast<unsigned char>(c)) || c == kContinuacion;
-                           });
-  if (!bienFormada) {
+  if (!EsIdentificador(p)) {
     Avisa(".AnaLex.AñadePC", "La palabra clave " + Entrecomillado(p) +
                                  " no posee la sintaxis de los identificadores.");
     return;
@@ -263,7 +259,7 @@ void AnaLex::TomaIdentificador() {
   int largo = 1;
   while (ptr_ + largo < n) {
     const auto c = static_cast<unsigned char>(buf_[ptr_ + largo]);
-    if (!EsCarId(c) && c != kContinuacion) break;
+    if (!EsCarPalabra(c)) break;
     ++largo;
   }
   Toma(largo);
