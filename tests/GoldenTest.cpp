@@ -1,66 +1,181 @@
-// Example documents (Windows-1252, CR LF) under tests/golden, each with the
-// document that `mirkal-cli derivar -f DOC --escribir` must leave behind:
-// NAME.txt becomes NAME.esperado.txt. A name holding ".pasos." runs the
-// step-by-step command; a name beginning "error_" is refused and must leave
-// the file as it was.
+// mirkal-cli checked against files, as scripts run it: its standard output,
+// standard error and exit status are all part of the answer.
+//
+// Golden documents (Windows-1252, CR LF) under tests/golden: NAME.txt is the
+// document that `mirkal-cli derivar -f NAME.txt --escribir` turns into
+// NAME.esperado.txt. A name holding ".pasos." runs the step-by-step command;
+// a name beginning "error_" is refused, leaves the file as it was, and tells
+// NAME.esperado.err on standard error.
+//
+// Transcripts under tests/cli: one case after another, each a block of lines
+// that start with a mark and a space; blank lines and "#" lines are skipped,
+// and the texts take the escapes of tests/casos (\r \n \t \\ \| \s \xHH).
+//   $ ARG | ARG | ...       starts a case: the arguments, split on " | "
+//   < LINE                  a line of standard input (a LF is added)
+//   archivo NAME | BYTES    a file put in the case's folder before the run
+//   > LINE                  a line of the expected standard output
+//   ! LINE                  a line of the expected standard error
+//   queda NAME | BYTES      what the file holds after the run
+//   = STATUS                the expected exit status, which ends the case
+// Each case runs in a fresh folder named "caso", written {carpeta}; after
+// the run it must hold its files and nothing else, each unchanged unless a
+// "queda" line says otherwise. {version} is the program's version.
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <map>
+#include <ostream>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "Casos.h"
 #include "EjecutaCliPrueba.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kEsperado = ".esperado.txt";
+const fs::path kFuentes = fs::path(MIRKAL_FUENTES) / "tests";
 
 std::vector<fs::path> Documentos() {
   std::vector<fs::path> r;
-  for (const auto& e : fs::directory_iterator(fs::path(MIRKAL_FUENTES) / "tests" / "golden")) {
-    const std::string nombre = e.path().filename().string();
-    if (nombre.ends_with(".txt") && !nombre.ends_with(kEsperado)) r.push_back(e.path());
+  for (const auto& e : fs::directory_iterator(kFuentes / "golden"))
+    if (e.path().extension() == ".txt" && !e.path().stem().string().ends_with(".esperado"))
+      r.push_back(e.path());
+  return r;
+}
+
+class Golden : public testing::TestWithParam<fs::path> {};
+
+TEST_P(Golden, WrittenAsExpectedAndReadWithoutChange) {
+  const fs::path& doc = GetParam();
+  const std::string nombre = doc.stem().string(), original = prueba::LeeArchivo(doc);
+  const std::string esperado = prueba::LeeArchivo(kFuentes / "golden" / (nombre + ".esperado.txt"));
+  const std::string mensaje = prueba::LeeArchivo(kFuentes / "golden" / (nombre + ".esperado.err"));
+  ASSERT_FALSE(esperado.empty()) << "no " << nombre << ".esperado.txt";
+  const bool refusado = nombre.starts_with("error_");
+  ASSERT_EQ(refusado, !mensaje.empty());
+  std::vector<std::string> args = {"derivar", "-f", doc.string()};
+  if (nombre.find(".pasos") != std::string::npos) args.push_back("--pasos");
+  // Without --escribir the document is only read, and the text that would be
+  // appended is printed: the expected document minus the original.
+  if (!refusado) {
+    const prueba::SalidaCli s = prueba::EjecutaCli(args);
+    EXPECT_EQ(s.estado, 0) << s.err;
+    ASSERT_EQ(esperado.compare(0, original.size(), original), 0);
+    EXPECT_EQ(s.out, esperado.substr(original.size()) + "\n");
+    EXPECT_EQ(prueba::LeeArchivo(doc), original);
+  }
+  const std::string copia = prueba::RutaTemporal(doc.filename().string());
+  fs::copy_file(doc, copia, fs::copy_options::overwrite_existing);
+  args[2] = copia;
+  args.push_back("--escribir");
+  const prueba::SalidaCli s = prueba::EjecutaCli(args);
+  EXPECT_EQ(s.estado, refusado ? 1 : 0);
+  EXPECT_EQ(s.out, "");
+  EXPECT_EQ(s.err, mensaje);
+  EXPECT_EQ(prueba::LeeArchivo(copia), esperado);
+  fs::remove(copia);
+}
+
+INSTANTIATE_TEST_SUITE_P(Documentos, Golden, testing::ValuesIn(Documentos()), [](const auto& i) {
+  std::string n = i.param.stem().string();
+  std::replace(n.begin(), n.end(), '.', '_');
+  return n;
+});
+
+struct Transcripcion {
+  std::string archivo;
+  int linea = 0, estado = -1;
+  std::vector<std::string> args;
+  std::string entrada, out, err;
+  std::map<std::string, std::string> antes, despues; // files by name
+};
+
+std::ostream& operator<<(std::ostream& o, const Transcripcion& t) {
+  return o << t.archivo << ".txt:" << t.linea;
+}
+
+const std::map<std::string, std::string Transcripcion::*> kTextos = {
+    {"<", &Transcripcion::entrada}, {">", &Transcripcion::out}, {"!", &Transcripcion::err}};
+
+std::vector<Transcripcion> Transcripciones() {
+  std::vector<Transcripcion> r;
+  for (const auto& e : fs::directory_iterator(kFuentes / "cli")) {
+    std::ifstream f(e.path(), std::ios::binary);
+    std::string l;
+    for (int n = 1; std::getline(f, l); ++n) {
+      if (!l.empty() && l.back() == '\r') l.pop_back();
+      if (l.empty() || l[0] == '#') continue;
+      const std::size_t sp = std::min(l.find(' '), l.size());
+      const std::string marca = l.substr(0, sp), resto = l.substr(std::min(sp + 1, l.size()));
+      const std::vector<std::string> campos = prueba::PartePorCampos(resto);
+      if (marca == "$") {
+        r.emplace_back();
+        r.back().archivo = e.path().stem().string(), r.back().linea = n;
+        if (!resto.empty()) r.back().args = campos;
+        continue;
+      }
+      const std::string donde = e.path().string() + ":" + std::to_string(n);
+      if (r.empty()) throw std::runtime_error(donde + ": falta el $ del caso");
+      Transcripcion& t = r.back();
+      if (kTextos.contains(marca)) {
+        t.*kTextos.at(marca) += prueba::Desescapa(resto) + "\n";
+      } else if (marca == "=") {
+        t.estado = std::stoi(resto);
+      } else if (marca == "archivo" || marca == "queda") {
+        (marca == "archivo" ? t.antes : t.despues)[campos.at(0)] = campos.at(1);
+      } else {
+        throw std::runtime_error(donde + ": marca desconocida " + marca);
+      }
+    }
   }
   return r;
 }
 
-// Without --escribir the document is only read, and the text that would be
-// appended is printed: the expected document minus the original.
-TEST(Golden, DocumentsAreWrittenAsExpectedAndReadWithoutChange) {
-  const std::vector<fs::path> docs = Documentos();
-  ASSERT_GE(docs.size(), 5u);
-  for (const fs::path& doc : docs) {
-    const std::string nombre = doc.filename().string();
-    SCOPED_TRACE(nombre);
-    const std::string base = nombre.substr(0, nombre.size() - 4);
-    const std::string original = prueba::LeeArchivo(doc.string());
-    const std::string esperado =
-        prueba::LeeArchivo((doc.parent_path() / (base + kEsperado)).string());
-    ASSERT_FALSE(esperado.empty()) << "no " << base + kEsperado;
-    const bool refusado = nombre.starts_with("error_");
-    std::vector<std::string> args = {"derivar", "-f", doc.string()};
-    if (nombre.find(".pasos.") != std::string::npos) args.push_back("--pasos");
-    if (!refusado) {
-      const prueba::SalidaCli s = prueba::EjecutaCli(args);
-      EXPECT_EQ(s.estado, 0) << s.err;
-      ASSERT_EQ(esperado.compare(0, original.size(), original), 0);
-      EXPECT_EQ(s.out, esperado.substr(original.size()) + "\n");
-      EXPECT_EQ(prueba::LeeArchivo(doc.string()), original);
-    }
-    const std::string copia = prueba::RutaTemporal(nombre);
-    fs::copy_file(doc, copia, fs::copy_options::overwrite_existing);
-    args[2] = copia;
-    args.push_back("--escribir");
-    const prueba::SalidaCli s = prueba::EjecutaCli(args);
-    EXPECT_EQ(s.estado, refusado ? 1 : 0) << s.err;
-    EXPECT_EQ(s.out, "");
-    EXPECT_EQ(refusado, !s.err.empty()) << s.err;
-    EXPECT_EQ(prueba::LeeArchivo(copia), esperado);
-    fs::remove(copia);
-  }
+class Transcrito : public testing::TestWithParam<Transcripcion> {};
+
+TEST_P(Transcrito, Casos) {
+  const Transcripcion& t = GetParam();
+  std::string base = testing::TempDir() + "mirkal-cli-XXXXXX";
+  ASSERT_NE(mkdtemp(base.data()), nullptr);
+  const std::string carpeta = base + "/caso";
+  fs::create_directory(carpeta);
+  const auto pon = [&](std::string s) {
+    for (const auto& [clave, valor] :
+         {std::pair<std::string, std::string>{"{carpeta}", carpeta}, {"{version}", MIRKAL_VERSION}})
+      for (std::size_t p; (p = s.find(clave)) != std::string::npos;)
+        s.replace(p, clave.size(), valor);
+    return s;
+  };
+  std::map<std::string, std::string> esperados = t.antes;
+  for (const auto& [nombre, bytes] : t.antes)
+    prueba::EscribeArchivo(carpeta + "/" + nombre, bytes);
+  for (const auto& [nombre, bytes] : t.despues)
+    esperados[nombre] = bytes;
+  std::vector<std::string> args;
+  for (const std::string& a : t.args)
+    args.push_back(pon(a));
+  const prueba::SalidaCli s = prueba::EjecutaCli(args, t.entrada);
+  EXPECT_EQ(s.estado, t.estado) << s.err;
+  EXPECT_EQ(s.out, pon(t.out));
+  EXPECT_EQ(s.err, pon(t.err));
+  std::map<std::string, std::string> quedan;
+  for (const auto& e : fs::directory_iterator(carpeta))
+    quedan[e.path().filename().string()] = prueba::LeeArchivo(e.path().string());
+  EXPECT_EQ(quedan, esperados);
+  fs::remove_all(base);
 }
+
+INSTANTIATE_TEST_SUITE_P(Cli, Transcrito, testing::ValuesIn(Transcripciones()), [](const auto& i) {
+  return i.param.archivo + "_linea_" + std::to_string(i.param.linea);
+});
 
 } // namespace
