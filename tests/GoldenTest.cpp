@@ -3,9 +3,11 @@
 //
 // Golden documents (Windows-1252, CR LF) under tests/golden: NAME.txt is the
 // document that `mirkal-cli derivar -f NAME.txt --escribir` turns into
-// NAME.esperado.txt. A name holding ".pasos." runs the step-by-step command;
-// a name beginning "error_" is refused, leaves the file as it was, and tells
-// NAME.esperado.err on standard error.
+// NAME.esperado.txt, and without --escribir the text it would append is
+// printed and the file left as it was. A name holding ".pasos" runs the
+// step-by-step command. A refused document has NAME.esperado.err, the message
+// on standard error; it exits 1 and NAME.esperado.txt is the document itself.
+// Each document gives two transcripts of the kind below.
 //
 // Transcripts under tests/cli: one case after another, each a block of lines
 // that start with a mark and a space; blank lines and "#" lines are skipped,
@@ -44,70 +46,50 @@ namespace fs = std::filesystem;
 
 const fs::path kFuentes = fs::path(MIRKAL_FUENTES) / "tests";
 
-std::vector<fs::path> Documentos() {
-  std::vector<fs::path> r;
-  for (const auto& e : fs::directory_iterator(kFuentes / "golden"))
-    if (e.path().extension() == ".txt" && !e.path().stem().string().ends_with(".esperado"))
-      r.push_back(e.path());
-  return r;
-}
-
-class Golden : public testing::TestWithParam<fs::path> {};
-
-TEST_P(Golden, WrittenAsExpectedAndReadWithoutChange) {
-  const fs::path& doc = GetParam();
-  const std::string nombre = doc.stem().string(), original = prueba::LeeArchivo(doc);
-  const std::string esperado = prueba::LeeArchivo(kFuentes / "golden" / (nombre + ".esperado.txt"));
-  const std::string mensaje = prueba::LeeArchivo(kFuentes / "golden" / (nombre + ".esperado.err"));
-  ASSERT_FALSE(esperado.empty()) << "no " << nombre << ".esperado.txt";
-  const bool refusado = nombre.starts_with("error_");
-  ASSERT_EQ(refusado, !mensaje.empty());
-  std::vector<std::string> args = {"derivar", "-f", doc.string()};
-  if (nombre.find(".pasos") != std::string::npos) args.push_back("--pasos");
-  // Without --escribir the document is only read, and the text that would be
-  // appended is printed: the expected document minus the original.
-  if (!refusado) {
-    const prueba::SalidaCli s = prueba::EjecutaCli(args);
-    EXPECT_EQ(s.estado, 0) << s.err;
-    ASSERT_EQ(esperado.compare(0, original.size(), original), 0);
-    EXPECT_EQ(s.out, esperado.substr(original.size()) + "\n");
-    EXPECT_EQ(prueba::LeeArchivo(doc), original);
-  }
-  const std::string copia = prueba::RutaTemporal(doc.filename().string());
-  fs::copy_file(doc, copia, fs::copy_options::overwrite_existing);
-  args[2] = copia;
-  args.push_back("--escribir");
-  const prueba::SalidaCli s = prueba::EjecutaCli(args);
-  EXPECT_EQ(s.estado, refusado ? 1 : 0);
-  EXPECT_EQ(s.out, "");
-  EXPECT_EQ(s.err, mensaje);
-  EXPECT_EQ(prueba::LeeArchivo(copia), esperado);
-  fs::remove(copia);
-}
-
-INSTANTIATE_TEST_SUITE_P(Documentos, Golden, testing::ValuesIn(Documentos()), [](const auto& i) {
-  std::string n = i.param.stem().string();
-  std::replace(n.begin(), n.end(), '.', '_');
-  return n;
-});
-
 struct Transcripcion {
-  std::string archivo;
-  int linea = 0, estado = -1;
+  std::string nombre, donde; // the gtest name, and the file and line
+  int estado = -1;
   std::vector<std::string> args;
   std::string entrada, out, err;
   std::map<std::string, std::string> antes, despues; // files by name
 };
 
-std::ostream& operator<<(std::ostream& o, const Transcripcion& t) {
-  return o << t.archivo << ".txt:" << t.linea;
-}
+std::ostream& operator<<(std::ostream& o, const Transcripcion& t) { return o << t.donde; }
 
 const std::map<std::string, std::string Transcripcion::*> kTextos = {
     {"<", &Transcripcion::entrada}, {">", &Transcripcion::out}, {"!", &Transcripcion::err}};
 
+// Two transcripts for each golden document: read only, and written.
+void Golden(std::vector<Transcripcion>& r) {
+  for (const auto& e : fs::directory_iterator(kFuentes / "golden")) {
+    const std::string nombre = e.path().stem().string(), base = e.path().parent_path() / nombre;
+    if (e.path().extension() != ".txt" || nombre.ends_with(".esperado")) continue;
+    Transcripcion t;
+    t.donde = e.path().string(), t.nombre = "golden_" + nombre;
+    std::replace(t.nombre.begin(), t.nombre.end(), '.', '_');
+    t.args = {"derivar", "-f", "{carpeta}/doc.txt"};
+    if (nombre.find(".pasos") != std::string::npos) t.args.push_back("--pasos");
+    const std::string original = prueba::LeeArchivo(e.path()),
+                      esperado = prueba::LeeArchivo(base + ".esperado.txt");
+    t.antes["doc.txt"] = original;
+    t.err = prueba::LeeArchivo(base + ".esperado.err");
+    t.estado = t.err.empty() ? 0 : 1;
+    if (t.err.empty()) { // what would be appended: the expected document minus the original
+      r.push_back(t);
+      r.back().nombre += "_lee";
+      r.back().out = esperado.starts_with(original)
+                         ? esperado.substr(original.size()) + "\n"
+                         : "(" + nombre + ".esperado.txt no sigue al documento)";
+    }
+    t.nombre += "_escribe", t.despues["doc.txt"] = esperado;
+    t.args.push_back("--escribir");
+    r.push_back(t);
+  }
+}
+
 std::vector<Transcripcion> Transcripciones() {
   std::vector<Transcripcion> r;
+  Golden(r);
   for (const auto& e : fs::directory_iterator(kFuentes / "cli")) {
     std::ifstream f(e.path(), std::ios::binary);
     std::string l;
@@ -119,7 +101,8 @@ std::vector<Transcripcion> Transcripciones() {
       const std::vector<std::string> campos = prueba::PartePorCampos(resto);
       if (marca == "$") {
         r.emplace_back();
-        r.back().archivo = e.path().stem().string(), r.back().linea = n;
+        r.back().donde = e.path().filename().string() + ":" + std::to_string(n);
+        r.back().nombre = e.path().stem().string() + "_linea_" + std::to_string(n);
         if (!resto.empty()) r.back().args = campos;
         continue;
       }
@@ -174,8 +157,7 @@ TEST_P(Transcrito, Casos) {
   fs::remove_all(base);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cli, Transcrito, testing::ValuesIn(Transcripciones()), [](const auto& i) {
-  return i.param.archivo + "_linea_" + std::to_string(i.param.linea);
-});
+INSTANTIATE_TEST_SUITE_P(Cli, Transcrito, testing::ValuesIn(Transcripciones()),
+                         [](const auto& i) { return i.param.nombre; });
 
 } // namespace
