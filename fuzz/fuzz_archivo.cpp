@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "LectorFuzz.h"
-#include "files/ArchivoTexto.h"
 #include "editor/Editor.h"
+#include "files/ArchivoTexto.h"
 #include "lang/Cp1252.h"
 
 namespace {

@@ -58,44 +58,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam
   EXIGE(c.ResolveConst(), "CalcExpNum no activa ResolveConst");
   c.ResolveConst(constantes);
   c.PuntoDec(coma ? "," : ".");
-  EXIGE(c.PuntoDec() == (coma ? "," : "."), "PuntoDec no se guarda");
   const bool expNumReal = c.CalcExpNum(), constantesReales = c.ResolveConst();
-
-  switch (operacion) {
-  case 0: {
-    const std::string r = c.Calc(texto);
-    if (c.ErrNumber() != 0) {
-      EXIGE(r.empty(), "Calc falla y devuelve «" + Visible(r) + "»");
-      EXIGE(!c.ErrDesc().empty(), "Calc falla sin descripción en «" + Visible(texto) + "»");
-      return 0;
-    }
-    EXIGE(!r.empty(), "Calc acepta «" + Visible(texto) + "» y devuelve \"\"");
-    Relee(r, expNumReal, constantesReales, texto);
-    // The same call again gives the same answer: nothing of one call leaks
-    // into the next.
-    EXIGE(c.Calc(texto) == r && c.ErrNumber() == 0,
-          "Calc no es repetible en «" + Visible(texto) + "»");
-    break;
+  std::string r = texto;
+  if (operacion == 1)
+    EXIGE(c.IguCero(r) == (c.ErrNumber() == 0), "IguCero y ErrNumber no concuerdan");
+  else
+    r = operacion == 0 ? c.Calc(texto) : c.Desp_axNb(texto, variable);
+  if (c.ErrNumber() != 0) {
+    EXIGE(operacion == 1 || (r.empty() && !c.ErrDesc().empty()),
+          "un fallo que devuelve «" + Visible(r) + "» o no se describe");
+    return 0;
   }
-  case 1: {
-    std::string ecu = texto;
-    const bool ok = c.IguCero(ecu);
-    EXIGE(ok == (c.ErrNumber() == 0),
-          "IguCero y ErrNumber no concuerdan en «" + Visible(texto) + "»");
-    if (ok) Relee(ecu, expNumReal, constantesReales, texto);
-    break;
-  }
-  default: {
-    const std::string r = c.Desp_axNb(texto, variable);
-    if (c.ErrNumber() != 0) {
-      EXIGE(r.empty(), "Desp_axNb falla y devuelve «" + Visible(r) + "»");
-      EXIGE(!c.ErrDesc().empty(), "Desp_axNb falla sin descripción");
-      return 0;
-    }
-    EXIGE(!r.empty(), "Desp_axNb acepta «" + Visible(texto) + "» y devuelve \"\"");
-    Relee(r, expNumReal, constantesReales, texto);
-    break;
-  }
-  }
+  EXIGE(operacion == 1 || !r.empty(), "acepta «" + Visible(texto) + "» y devuelve \"\"");
+  Relee(r, expNumReal, constantesReales, texto);
+  // Nothing of one call leaks into the next.
+  if (operacion == 0)
+    EXIGE(c.Calc(texto) == r && c.ErrNumber() == 0, "Calc no es repetible en «" + Visible(texto));
   return 0;
 }

@@ -11,8 +11,8 @@
 
 #include "LectorFuzz.h"
 #include "algebra/CalcSimbolic.h"
-#include "differentiation/Derivada.h"
 #include "commands/OrdenDerivar.h"
+#include "differentiation/Derivada.h"
 #include "lang/Caracteres.h"
 #include "lang/Cp1252.h"
 #include "lang/Errores.h"
@@ -38,17 +38,12 @@ std::string Describe(const Derivada& d) {
 }
 
 // Every line the commands write after the document's own is a comment.
-void LineasComentadas(const std::string& texto, const std::string& ecuacion) {
-  std::size_t ini = 0;
-  EXIGE(texto.rfind("\r\n", 0) == 0,
-        "lo escrito no empieza en una línea nueva: «" + Visible(texto) + "»");
-  for (ini = 2; ini <= texto.size();) {
-    std::size_t fin = texto.find("\r\n", ini);
-    if (fin == std::string::npos) fin = texto.size();
-    EXIGE(fin > ini && texto[ini] == '\'', "línea escrita que no es un comentario en «" +
-                                               Visible(texto) + "» de «" + Visible(ecuacion) + "»");
-    ini = fin + 2;
-  }
+bool LineasComentadas(const std::string& texto) {
+  if (texto.rfind("\r\n'", 0) != 0) return false;
+  for (std::size_t fin = texto.find("\r\n", 2); fin != std::string::npos;
+       fin = texto.find("\r\n", fin + 2))
+    if (texto.compare(fin, 3, "\r\n'") != 0) return false;
+  return true;
 }
 
 } // namespace
@@ -118,7 +113,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam
     const SalidaDerivar s = EjecutaDerivar(ecuacion, config, pasoAPaso);
     EXIGE(s.piezas.empty() == (s.ErrNumber != 0) && s.ErrNumber == d.ErrNumber(),
           "la orden y el motor no concuerdan: " + std::to_string(s.ErrNumber) + donde);
-    if (s.ErrNumber == 0) LineasComentadas(s.Texto(), ecuacion);
+    EXIGE(s.ErrNumber != 0 || LineasComentadas(s.Texto()),
+          "una línea escrita que no es un comentario: «" + Visible(s.Texto()) + "»" + donde);
   }
   return 0;
 }
