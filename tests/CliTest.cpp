@@ -8,10 +8,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,24 +25,21 @@ using prueba::LeeArchivo;
 
 const std::string kAñadido = "\r\n'Derivada hallada:\r\n'dy/dx = 2*x";
 
-// A folder of its own for each test.
+// A folder of its own for each test, and what it holds.
 class CliArchivo : public testing::Test {
 protected:
   void SetUp() override {
-    std::string plantilla = testing::TempDir() + "mirkal-cli-XXXXXX";
-    ASSERT_NE(mkdtemp(plantilla.data()), nullptr);
-    carpeta_ = plantilla;
+    ASSERT_NE(mkdtemp(carpeta_.data()), nullptr);
     doc_ = carpeta_ + "/doc.txt";
   }
   void TearDown() override { fs::remove_all(carpeta_); }
-  std::vector<std::string> Entradas() const {
-    std::vector<std::string> r;
+  std::set<std::string> Entradas() const {
+    std::set<std::string> r;
     for (const auto& e : fs::directory_iterator(carpeta_))
-      r.push_back(e.path().filename().string());
-    std::sort(r.begin(), r.end());
+      r.insert(e.path().filename().string());
     return r;
   }
-  std::string carpeta_, doc_;
+  std::string carpeta_ = testing::TempDir() + "mirkal-cli-XXXXXX", doc_;
 };
 
 // The save replaces the file through a temporary of its own naming: a link
@@ -55,7 +52,7 @@ TEST_F(CliArchivo, SavingKeepsTheLinkAndThePermissions) {
   fs::create_symlink("doc.txt", enlace);
   fs::create_directory(doc_ + ".mirkal-tmp");
   fs::create_directory(enlace + ".mirkal-tmp");
-  const std::vector<std::string> entradas = Entradas();
+  const std::set<std::string> entradas = Entradas();
   const std::vector<std::string> args = {"derivar", "-f", enlace, "--escribir"};
   const prueba::SalidaCli s = EjecutaCli(args);
   EXPECT_EQ(s.estado, 0) << s.err;
@@ -97,7 +94,7 @@ TEST_F(CliArchivo, AFailedSaveExitsThreeAndLeavesTheFile) {
   EXPECT_EQ(s.err,
             "mirkal-cli: " + doc_ + ": No se pudo guardar «doc.txt»: archivo demasiado grande.\n");
   EXPECT_EQ(LeeArchivo(doc_), documento);
-  EXPECT_EQ(Entradas(), std::vector<std::string>{"doc.txt"});
+  EXPECT_EQ(Entradas(), std::set<std::string>{"doc.txt"});
 }
 
 TEST(Cli, HelpNamesTheCommandsAndTheExitStatus) {
