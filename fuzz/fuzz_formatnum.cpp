@@ -3,6 +3,7 @@
 // keeps the sign; a fraction is a convergent of the quotient it stands for;
 // formatting the numbers of an expression leaves an expression.
 
+#include <cctype>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -87,6 +88,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam
   // A number becomes at most "(p/q)" of two 15-digit numbers with exponents;
   // any other character at most three UTF-8 bytes.
   EXIGE(salida.size() <= texto.size() * 47 + 8, "FCoef crece en exceso: «" + Visible(texto) + "»");
+  // Formatting rewrites numbers and drops comments: elsewhere the letters
+  // besides the exponent marks stay as they were (a literal beyond the double
+  // range is copied as written, never as an infinity).
+  const auto letras = [](const std::string& t) {
+    std::string r;
+    for (const char c : t)
+      if (std::isalpha(static_cast<unsigned char>(c)) && std::toupper(c) != 'E' &&
+          std::toupper(c) != 'D')
+        r += c;
+    return r;
+  };
+  EXIGE(texto.find('\'') != std::string::npos || letras(salida) == letras(texto),
+        "FCoef de «" + Visible(texto) + "» da «" + Visible(salida) + "»");
   // The largest doubles are written rounded past the top of the range, a
   // number the checker refuses as too large.
   SintaxExp s;
