@@ -18,7 +18,7 @@
 //   > LINE                  a line of the expected standard output
 //   ! LINE                  a line of the expected standard error
 //   queda NAME | BYTES      what the file holds after the run
-//   = STATUS                the expected exit status, which ends the case
+//   = STATUS                the expected exit status, which every case has
 // Each case runs in a fresh folder named "caso", written {carpeta}; after
 // the run it must hold its files and nothing else, each unchanged unless a
 // "queda" line says otherwise. {version} is the program's version.
