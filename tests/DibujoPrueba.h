@@ -1,0 +1,65 @@
+#pragma once
+// Pictures of a document for the editor's tests: rows separated by "\n", "|"
+// for the cursor, "[" for the selection's anchor and "]" for its moving end;
+// "c{n}" stands for n times the character c, so that long rows stay readable.
+
+#include <string>
+#include <vector>
+
+#include "editor/Editor.h"
+#include "lang/Cp1252.h"
+
+namespace prueba {
+
+inline std::string Expande(const std::string& s) {
+  std::string out;
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    const std::size_t fin = s.find('}', i);
+    if (s[i] == '{' && !out.empty() && fin != std::string::npos) {
+      out.append(std::stoul(s.substr(i + 1, fin - i - 1)) - 1, out.back());
+      i = fin;
+    } else {
+      out += s[i];
+    }
+  }
+  return out;
+}
+
+// Loads a picture: its characters as the rows hold them, one byte each (the
+// marks are ASCII); the cursor is at "]" when not drawn.
+inline void Prepara(Editor& ed, const std::string& dibujo) {
+  const std::string kMarcas = "|[]";
+  std::vector<std::string> filas(1);
+  Posicion marcas[3] = {{-1, 0}, {-1, 0}, {-1, 0}}; // cursor, anchor, moving end
+  for (const char c : Utf8ACp1252(Expande(dibujo))) {
+    const Posicion aqui{static_cast<int>(filas.size()) - 1, static_cast<int>(filas.back().size())};
+    const auto k = kMarcas.find(c);
+    if (k != std::string::npos) marcas[k] = aqui;
+    if (c == '\n') filas.emplace_back();
+    if (c != '\n' && k == std::string::npos) filas.back() += c;
+  }
+  auto [cursor, ancla, extremo] = marcas;
+  ed.Carga(filas);
+  if (cursor.fila < 0) cursor = extremo.fila >= 0 ? extremo : Posicion{};
+  ed.Doc().MueveCursor(cursor.fila, cursor.col);
+  if (ancla.fila >= 0) ed.Doc().FijaSeleccion(ancla, extremo);
+}
+
+// Read back, "[" marks the selection's first end and "]" its last.
+inline std::string Dibujo(const Editor& ed) {
+  const Documento& d = ed.Doc();
+  std::string out;
+  for (int f = 0; f < d.NumFilas(); ++f) {
+    if (f > 0) out += "\n";
+    for (int c = 0; c <= d.LongFila(f); ++c) {
+      const Posicion p{f, c};
+      if (d.HaySel() && p == d.InicioSel()) out += "[";
+      if (p == d.Cursor()) out += "|";
+      if (d.HaySel() && p == d.FinSel()) out += "]";
+      if (c < d.LongFila(f)) out += Cp1252AUtf8(std::string(1, static_cast<char>(d.Fila(f)[c])));
+    }
+  }
+  return out;
+}
+
+} // namespace prueba
