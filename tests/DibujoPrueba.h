@@ -45,21 +45,24 @@ inline void Prepara(Editor& ed, const std::string& dibujo) {
   if (ancla.fila >= 0) ed.Doc().FijaSeleccion(ancla, extremo);
 }
 
-// Read back, "[" marks the selection's first end and "]" its last.
-inline std::string Dibujo(const Editor& ed) {
-  const Documento& d = ed.Doc();
+// Read back, "[" marks the selection's first end and "]" its last; or, with
+// `ancla`, its anchor and its moving end, as a picture is loaded.
+inline std::string Dibujo(const Documento& d, bool ancla = false) {
+  const Posicion a = ancla ? d.Sel1() : d.InicioSel(), b = ancla ? d.Sel2() : d.FinSel();
   std::string out;
   for (int f = 0; f < d.NumFilas(); ++f) {
     if (f > 0) out += "\n";
     for (int c = 0; c <= d.LongFila(f); ++c) {
       const Posicion p{f, c};
-      if (d.HaySel() && p == d.InicioSel()) out += "[";
+      if (d.HaySel() && p == a) out += "[";
       if (p == d.Cursor()) out += "|";
-      if (d.HaySel() && p == d.FinSel()) out += "]";
+      if (d.HaySel() && p == b) out += "]";
       if (c < d.LongFila(f)) out += Cp1252AUtf8(std::string(1, static_cast<char>(d.Fila(f)[c])));
     }
   }
   return out;
 }
+
+inline std::string Dibujo(const Editor& ed) { return Dibujo(ed.Doc()); }
 
 } // namespace prueba
