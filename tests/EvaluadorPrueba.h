@@ -4,7 +4,8 @@
 // same mistake in the checking code. It follows the language's grouping (a^b^c
 // is (a^b)^c, a leading sign binds looser than "^", an exponent may carry its
 // own sign) and gives the functions their mathematical meaning (ArcSec w =
-// arccos(1/w)...). Names compare without regard to case.
+// arccos(1/w)...). Names compare without regard to case. Below it, the one
+// generator of random expressions that the property tests share.
 
 #include <cctype>
 #include <cmath>
@@ -15,6 +16,8 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace prueba {
 
@@ -189,5 +192,98 @@ inline std::optional<T> Evalua(const std::string& texto, const Valores& vars) {
   const auto v = Valor(texto, vars);
   return v && !std::isnan(*v) ? v : std::nullopt;
 }
+
+// Random expressions in the language, from a fixed seed so that a failure can
+// be reproduced: sums, products (with "*" or the middle dot), quotients,
+// powers and chains of powers (a chain such as ^-1^-1 gives its base back),
+// variable exponents, signs, numbers in several spellings, the constants, and
+// all 26 functions, each name in some case and with an argument shape that
+// keeps it inside its domain and away from its poles whatever value the inner
+// expression "@" takes, but those named in `fuera` (" Sin Cos ").
+class Generador {
+public:
+  Generador(unsigned semilla, std::string variables, std::string fuera = "")
+      : azar_(semilla), vars_(std::move(variables)), fuera_(std::move(fuera)) {}
+
+  std::string Expr(int prof) {
+    if (prof <= 0 || Uno(6) == 0) return Hoja();
+    switch (Uno(12)) {
+    case 0:
+    case 1:
+      return Expr(prof - 1) + (Uno(3) ? "+" : "-") + Expr(prof - 1);
+    case 2:
+    case 3:
+      return Operando(prof - 1) + (Uno(6) ? "*" : "\xC2\xB7") + Operando(prof - 1);
+    case 4: // a quotient, its denominator kept apart from 0 or not
+      return Operando(prof - 1) + "/" + (Uno(2) ? Operando(prof - 1) : Forma("(1+(@)^2)", prof));
+    case 5:
+    case 6: {
+      static const char* const exps[] = {"2", "3", "-1", "(-1)", "(-2)", "0", "1", "-2", "(1+1)"};
+      const std::string base =
+          Uno(3) ? Operando(prof - 1) : "(" + Operando(prof - 1) + "/" + Operando(prof - 1) + ")";
+      const std::string pot = base + "^" + exps[Uno(9)];
+      return Uno(2) ? pot : pot + "^" + exps[Uno(9)];
+    }
+    case 7: // a variable exponent over a positive base
+      return (Uno(2) ? std::string("2") : Forma("(1+(@)^2)", prof)) + "^" +
+             Forma("(1/(2+(@)^2))", prof);
+    case 8:
+      return "-" + Operando(prof - 1);
+    default: {
+      const char* nombre;
+      const char* forma;
+      do
+        std::tie(nombre, forma) = kFunciones[Uno(26)];
+      while (fuera_.find(" " + std::string(nombre) + " ") != std::string::npos);
+      std::string f = nombre;
+      if (Uno(4) == 0)
+        for (char& c : f)
+          c = static_cast<char>(Uno(2) ? std::toupper(static_cast<unsigned char>(c))
+                                       : std::tolower(static_cast<unsigned char>(c)));
+      return f + "(" + Forma(forma, prof) + ")";
+    }
+    }
+  }
+  T Punto() { return std::uniform_real_distribution<T>(0.3L, 2.5L)(azar_); }
+
+  // Argument shapes: any real; within (0, 1/2]; at least 1; at least 2; within [1/2, 1).
+  static constexpr const char* kLibre = "@";
+  static constexpr const char* kAcotado = "1/(2+(@)^2)";
+  static constexpr const char* kPositivo = "1+(@)^2";
+  static constexpr const char* kMayor = "2+(@)^2";
+  static constexpr const char* kLejos = "1-1/(2+(@)^2)";
+  static constexpr std::pair<const char*, const char*> kFunciones[26] = {
+      {"Log", kPositivo},       {"Ln", kPositivo},    {"Sin", kLibre},       {"Cos", kLibre},
+      {"Tg", kAcotado},         {"Sec", kAcotado},    {"Cosec", kLejos},     {"Ctg", kLejos},
+      {"ArcSin", kAcotado},     {"ArcCos", kAcotado}, {"ArcTg", kLibre},     {"ArcSec", kMayor},
+      {"ArcCosec", kMayor},     {"ArcCtg", kLibre},   {"SinH", kAcotado},    {"CosH", kAcotado},
+      {"TgH", kLibre},          {"SecH", kLibre},     {"CosecH", kPositivo}, {"CtgH", kLejos},
+      {"ArcSinH", kLibre},      {"ArcCosH", kMayor},  {"ArcTgH", kAcotado},  {"ArcSecH", kAcotado},
+      {"ArcCosecH", kPositivo}, {"ArcCtgH", kMayor}};
+
+private:
+  int Uno(int n) { return std::uniform_int_distribution<int>(0, n - 1)(azar_); }
+  // Mostly bracketed; a bare operand tests the precedence of both readers.
+  std::string Operando(int prof) {
+    const std::string e = Expr(prof);
+    return Uno(4) ? "(" + e + ")" : e;
+  }
+  std::string Hoja() {
+    static const char* const numeros[] = {"1",   "2",    "3", ".5", "0.25",
+                                          "1.5", "2.50", "0", "pi", "e"};
+    if (Uno(2)) return numeros[Uno(10)];
+    const char v = vars_[static_cast<std::size_t>(Uno(static_cast<int>(vars_.size())))];
+    return std::string(1, Uno(8) ? v : static_cast<char>(std::toupper(v)));
+  }
+  // The shape with one expression a level shallower in place of "@": written
+  // once, since a shape that repeats it makes common denominators grow fast.
+  std::string Forma(std::string forma, int prof) {
+    return forma.replace(forma.find('@'), 1, Expr(prof - 1));
+  }
+
+  std::mt19937 azar_;
+  std::string vars_;
+  std::string fuera_;
+};
 
 } // namespace prueba
