@@ -104,8 +104,8 @@ struct Sesion {
     Resultado r{false, ""};
     bool continua = false;
     // The command of each value of the byte: several values for the common ones.
-    static constexpr int kOrden[32] = {0, 0, 0, 0, 0, 0,  1,  2,  2,  3,  3,  4,  4,  5,  0,  7,
-                                       8, 8, 8, 9, 9, 10, 11, 11, 11, 11, 12, 13, 14, 15, 10, 17};
+    static constexpr int kOrden[32] = {0, 0, 0, 0, 0, 0, 1, 2, 2, 2, 2,  3,  3,  4,  0, 5,
+                                       6, 6, 6, 7, 7, 8, 9, 9, 9, 9, 10, 11, 12, 13, 8, 14};
     op_ = in_.Byte() % 32;
     switch (kOrden[op_]) {
     case 0: { // typing, inserting or overwriting
@@ -123,43 +123,43 @@ struct Sesion {
             "lo cortado no es lo elegido");
       break;
     }
-    case 2: // Backspace
-      if (sel || ini > 0) e = sel ? sobre("") : Edicion{ini - (c.col == 0 ? 2 : 1), ini, ""};
-      r = ed_.EditaCmd(kRetroceso);
+    case 2: // Backspace, Delete
+      if (sel)
+        e = sobre("");
+      else if (op_ < 9 && ini > 0)
+        e = Edicion{ini - (c.col == 0 ? 2 : 1), ini, ""};
+      else if (op_ >= 9 && (!alFinal || c.fila + 1 < d.NumFilas()))
+        e = Edicion{ini, ini + (alFinal ? 2 : 1), ""};
+      r = ed_.EditaCmd(op_ < 9 ? kRetroceso : kSuprimir);
       break;
-    case 3: // Delete
-      if (sel || !alFinal || c.fila + 1 < d.NumFilas())
-        e = sel ? sobre("") : Edicion{ini, ini + (alFinal ? 2 : 1), ""};
-      r = ed_.EditaCmd(kSuprimir);
-      break;
-    case 4: { // pasting, or text written by a command
+    case 3: { // pasting, or text written by a command
       const std::string t = in_.TextoCorto(12);
       e = sobre(ConFinesCrLf(Utf8ACp1252(t)));
       r = op_ == 11 ? ed_.EditaCmd(kPegar, t) : ed_.EscribeTexto(t);
       break;
     }
-    case 5: // Enter
+    case 4: // Enter
       e = sobre("\r\n");
       r = ed_.EditaCmd(kSaltoLinea);
       break;
-    case 7: // Tab, to the next multiple of the tab width
+    case 5: // Tab, to the next multiple of the tab width
       e = sobre(std::string(espTab_ - (sel ? d.InicioSel().col : c.col) % espTab_, ' '));
       r = ed_.InsertaTab();
       break;
-    case 8: { // cursor keys, with or without Shift
+    case 6: { // cursor keys, with or without Shift
       const std::uint8_t b = in_.Byte();
       ed_.MueveCursorCmd(b % 10, b & 16, (b >> 5) % 5);
       break;
     }
-    case 9: { // a click (perhaps with Shift) or a drag; off the text too
+    case 7: { // a click (perhaps with Shift) or a drag; off the text too
       const int fila = in_.Entre(-2, 40), col = in_.Entre(-2, 300);
       op_ == 19 ? ed_.Pulsa(fila, col, in_.Bit()) : ed_.Arrastra(fila, col);
       break;
     }
-    case 10: // double click
+    case 8: // double click
       ed_.SeleccionaPalabra();
       break;
-    case 11: { // undo, redo
+    case 9: { // undo, redo
       const bool deshacer = op_ < 24, puede = deshacer ? h.PuedeDeshacer() : h.PuedeRehacer();
       deshacer ? ed_.Deshacer() : ed_.Rehacer();
       EXIGE(h.PosHistorial() == posAntes_ + (puede ? (deshacer ? -1 : 1) : 0) &&
@@ -167,20 +167,18 @@ struct Sesion {
             Que() + "» mueve mal la historia");
       return;
     }
-    case 12: { // insert or overwrite, tab width
-      const std::uint8_t b = in_.Byte();
-      if (b & 1)
-        ed_.ModoInsertar(!ed_.ModoInsertar());
-      else
-        ed_.EspTab(b % 10 - 1), espTab_ = std::max(b % 10 - 1, 1);
+    case 10: { // insert or overwrite, tab width
+      const int b = in_.Byte();
+      b & 1 ? ed_.ModoInsertar(!ed_.ModoInsertar()) : ed_.EspTab(b % 10 - 1);
+      espTab_ = b & 1 ? espTab_ : std::max(b % 10 - 1, 1);
       break;
     }
-    case 13: { // a span of a row chosen as the search does; off the row too
+    case 11: { // a span of a row chosen as the search does; off the row too
       const int fila = in_.Entre(-1, 20), col = in_.Entre(-1, 40);
       d.SelectText(fila, col, in_.Entre(-1, 40));
       break;
     }
-    case 14: { // replacing inside one row, as the search does
+    case 12: { // replacing inside one row, as the search does
       const int fila = in_.Byte() % d.NumFilas(), lf = d.LongFila(fila);
       const int col = in_.Byte() % (lf + 1), n = in_.Byte() % (lf - col + 1);
       const std::string t = in_.TextoCorto(6);
@@ -192,7 +190,7 @@ struct Sesion {
       continua = continua && posAntes_ >= 0;
       break;
     }
-    case 15: // presentation colours
+    case 13: // presentation colours
       letra_ = in_.Byte() % 16, pc_ = in_.Byte() % 16, comentario_ = in_.Byte() % 16;
       ed_.Colores(letra_, pc_, comentario_);
       CompruebaColores();
