@@ -199,7 +199,8 @@ inline std::optional<T> Evalua(const std::string& texto, const Valores& vars) {
 // variable exponents, signs, numbers in several spellings, the constants, and
 // all 26 functions, each name in some case and with an argument shape that
 // keeps it inside its domain and away from its poles whatever value the inner
-// expression "@" takes, but those named in `fuera` (" Sin Cos ").
+// expression "@" takes, but those named in `fuera` (" Sin Cos "). With "^-"
+// in `fuera`, a signed exponent is always bracketed.
 class Generador {
 public:
   Generador(unsigned semilla, std::string variables, std::string fuera = "")
@@ -221,8 +222,8 @@ public:
       static const char* const exps[] = {"2", "3", "-1", "(-1)", "(-2)", "0", "1", "-2", "(1+1)"};
       const std::string base =
           Uno(3) ? Operando(prof - 1) : "(" + Operando(prof - 1) + "/" + Operando(prof - 1) + ")";
-      const std::string pot = base + "^" + exps[Uno(9)];
-      return Uno(2) ? pot : pot + "^" + exps[Uno(9)];
+      const std::string pot = base + "^" + Exponente(exps[Uno(9)]);
+      return Uno(2) ? pot : pot + "^" + Exponente(exps[Uno(9)]);
     }
     case 7: // a variable exponent over a positive base
       return (Uno(2) ? std::string("2") : Forma("(1+(@)^2)", prof)) + "^" +
@@ -267,6 +268,9 @@ private:
   std::string Operando(int prof) {
     const std::string e = Expr(prof);
     return Uno(4) ? "(" + e + ")" : e;
+  }
+  std::string Exponente(const std::string& e) {
+    return e[0] == '-' && fuera_.find(" ^- ") != std::string::npos ? "(" + e + ")" : e;
   }
   std::string Hoja() {
     static const char* const numeros[] = {"1",   "2",    "3", ".5", "0.25",
