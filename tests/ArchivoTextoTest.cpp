@@ -1,5 +1,6 @@
 // Document files: the bytes a user's file holds must come back unchanged
-// after opening and saving, and a save that fails must never cost the old file.
+// after opening and saving (the lines of tests/casos/archivos.txt), and a save
+// that fails must never cost the old file.
 
 #include <gtest/gtest.h>
 
@@ -16,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "Casos.h"
+#include "DibujoPrueba.h"
 #include "DiscoLlenoPrueba.h"
 #include "EjecutaCliPrueba.h"
 #include "files/ArchivoTexto.h"
@@ -25,28 +28,24 @@ namespace {
 namespace fs = std::filesystem;
 using C = Codificacion;
 
-struct Guardado {
-  bool bien;
+// "bien" when the save worked, else its error.
+std::string Guarda(const std::string& ruta, const std::string& bytes) {
   std::string error;
-};
+  return GuardaBytes(ruta, bytes, error) ? "bien" : error;
+}
 
 // The superuser writes through any permission bits, so a save that must be
-// refused for lack of permission runs in a child that has dropped to "nobody".
-std::optional<Guardado> GuardaSinPrivilegios(const std::string& ruta) {
-  Guardado g{};
-  if (geteuid() != 0) {
-    g.bien = GuardaBytes(ruta, "nuevo", g.error);
-    return g;
-  }
+// refused for lack of permission runs in a child that has dropped to
+// "nobody"; nothing when it could not.
+std::optional<std::string> GuardaSinPrivilegios(const std::string& ruta) {
   int tubo[2];
+  if (geteuid() != 0) return Guarda(ruta, "nuevo");
   if (pipe(tubo) != 0) return std::nullopt;
   const pid_t hijo = fork();
   if (hijo == 0) {
-    close(tubo[0]);
-    std::string r = "x";
-    if (setgroups(0, nullptr) == 0 && setgid(65534) == 0 && setuid(65534) == 0)
-      r = GuardaBytes(ruta, "nuevo", g.error) ? "1" : "0" + g.error;
-    _exit(write(tubo[1], r.data(), r.size()) == static_cast<ssize_t>(r.size()) ? 0 : 1);
+    const bool nadie = setgroups(0, nullptr) == 0 && setgid(65534) == 0 && setuid(65534) == 0;
+    const std::string r = nadie ? Guarda(ruta, "nuevo") : "";
+    _exit(write(tubo[1], r.data(), r.size()) < 0);
   }
   close(tubo[1]);
   std::string r;
@@ -55,8 +54,7 @@ std::optional<Guardado> GuardaSinPrivilegios(const std::string& ruta) {
     r.append(b, static_cast<std::size_t>(n));
   close(tubo[0]);
   waitpid(hijo, nullptr, 0);
-  if (r.empty() || r[0] == 'x') return std::nullopt;
-  return Guardado{r[0] == '1', r.substr(1)};
+  return r.empty() ? std::nullopt : std::optional(r);
 }
 
 class ArchivoTexto : public testing::Test {
@@ -70,138 +68,95 @@ protected:
   }
   void TearDown() override {
     fs::permissions(carpeta_, fs::perms::owner_all, fs::perm_options::add);
-    for (const auto& e : fs::recursive_directory_iterator(carpeta_))
-      if (e.is_directory()) fs::permissions(e.path(), fs::perms::owner_all, fs::perm_options::add);
     fs::remove_all(carpeta_);
   }
-  std::vector<std::string> Entradas(const std::string& carpeta) const {
+  // The document's bytes, then every name in its folder.
+  static std::string Quedan(const std::string& ruta) {
     std::vector<std::string> nombres;
-    for (const auto& e : fs::directory_iterator(carpeta))
+    for (const auto& e : fs::directory_iterator(fs::path(ruta).parent_path()))
       nombres.push_back(e.path().filename().string());
-    return nombres;
+    std::sort(nombres.begin(), nombres.end());
+    std::string out = prueba::LeeArchivo(ruta);
+    for (const std::string& n : nombres)
+      out += " " + n;
+    return out;
   }
   std::string carpeta_, ruta_;
 };
 
-TEST(ArchivoTextoCodec, RoundTripKeepsEveryByte) {
-  const struct {
-    std::string bytes;
-    C c;
-    std::vector<std::string> filas;
-  } casos[] = {
-      {"", C::Ansi, {""}},
-      {"y = x^2\r\n", C::Ansi, {"y = x^2", ""}},
-      {"a\r\nb\r\nc", C::Ansi, {"a", "b", "c"}},
-      {"'funci\xF3n\r\ny = \xE1*x", C::Ansi, {"'funci\xF3n", "y = \xE1*x"}},
-      {"\xC3(", C::Ansi, {"\xC3("}}, // not UTF-8, so Windows-1252
-      {"'función\r\ny = á*x\r\n", C::Utf8, {"'funci\xF3n", "y = \xE1*x", ""}},
-      {"€ \u0081", C::Utf8, {"\x80 \x81"}}, // U+0081 is the code page's own byte
-      {"\xEF\xBB\xBFy = ñ", C::Utf8ConBom, {"y = \xF1"}},
-  };
-  for (const auto& caso : casos) {
-    SCOPED_TRACE(testing::PrintToString(caso.bytes));
-    ContenidoArchivo c;
-    std::string error;
-    ASSERT_TRUE(DecodificaArchivo(caso.bytes, c, error)) << error;
-    EXPECT_EQ(c.codificacion, caso.c);
-    EXPECT_EQ(c.filas, caso.filas);
-    EXPECT_EQ(CodificaArchivo(c.filas, c.codificacion), caso.bytes);
-  }
+// Rows joined by "\n" as the data file writes them.
+std::string Filas(const std::vector<std::string>& filas) {
+  std::string out;
+  for (const std::string& f : filas)
+    out += (&f == &filas.front() ? "" : "\n") + f;
+  return out;
 }
 
-TEST(ArchivoTextoCodec, EveryRowEndEndsARow) {
-  const std::pair<std::string, std::vector<std::string>> casos[] = {
-      {"a\rb\nc\r\nd", {"a", "b", "c", "d"}},
-      {"\n\n", {"", "", ""}},
-      {"\r\r\n", {"", "", ""}},
-      {"\n\r", {"", "", ""}},
-  };
-  for (const auto& [bytes, filas] : casos) {
-    ContenidoArchivo c;
-    std::string error;
-    ASSERT_TRUE(DecodificaArchivo(bytes, c, error));
-    EXPECT_EQ(c.filas, filas) << testing::PrintToString(bytes);
-  }
-}
+class Codec : public prueba::TablaDeCasos {};
 
-TEST(ArchivoTextoCodec, LongRowsAreKeptWhole) {
-  std::string enies;
-  for (int i = 0; i < 1000; ++i)
-    enies += "ñ";
-  const std::string bytes = std::string(1000, 'x') + "\r\n" + enies;
-  ContenidoArchivo c;
+TEST_P(Codec, Casos) {
+  const prueba::Caso& c = GetParam();
+  const auto texto = [](const std::string& f) { return prueba::Expande(f == "\"\"" ? "" : f); };
+  const std::string bytes = texto(c[1]);
+  if (c[0] == "nombre") {
+    EXPECT_EQ(NombreDocumento(c[1]), c[2]);
+    return;
+  }
+  ContenidoArchivo leido{{"previo"}, C::Ansi};
   std::string error;
-  ASSERT_TRUE(DecodificaArchivo(bytes, c, error));
-  EXPECT_EQ(c.filas, (std::vector<std::string>{std::string(1000, 'x'), std::string(1000, '\xF1')}));
-  EXPECT_EQ(CodificaArchivo(c.filas, c.codificacion), bytes);
-}
-
-TEST(ArchivoTextoCodec, CharactersOutsideTheCodePageAreRefusedWithTheirPlace) {
-  const std::pair<std::string, std::string> casos[] = {
-      // The column counts characters, not the two bytes of "ñ".
-      {"y = x\r\n'nota\r\ny = añ→x", "«→» (línea 3, columna 7)"},
-      {"a\rb\n中", "«中» (línea 3, columna 1)"},
-      {"x😀", "«😀» (línea 1, columna 2)"},
-      {"ok\r\nx\u0085", "U+0085 (línea 2, columna 2)"},
-  };
-  for (const auto& [bytes, lugar] : casos) {
-    ContenidoArchivo c{{"previo"}, C::Ansi};
-    std::string error;
-    EXPECT_FALSE(DecodificaArchivo(bytes, c, error));
+  const bool bien = DecodificaArchivo(bytes, leido, error);
+  if (c[0] == "rechaza") {
+    EXPECT_FALSE(bien);
     EXPECT_EQ(error,
-              "El archivo contiene el carácter " + lugar + ", que el documento no puede guardar.");
-    EXPECT_EQ(c.filas, std::vector<std::string>{"previo"});
+              "El archivo contiene el carácter " + c[2] + ", que el documento no puede guardar.");
+    EXPECT_EQ(leido.filas, std::vector<std::string>{"previo"});
+    return;
+  }
+  ASSERT_TRUE(bien) << error;
+  EXPECT_EQ(Filas(leido.filas), texto(c[3]));
+  const char* const nombres[] = {"Ansi", "Utf8", "Utf8ConBom"};
+  EXPECT_EQ(nombres[static_cast<int>(leido.codificacion)], c[2]);
+  if (c[0] == "ida") {
+    EXPECT_EQ(CodificaArchivo(leido.filas, leido.codificacion), bytes);
   }
 }
 
-TEST(ArchivoTextoCodec, NameIsTheTextAfterTheLastSeparator) {
-  EXPECT_EQ(NombreDocumento("/home/ana/ecuaciones.txt"), "ecuaciones.txt");
-  EXPECT_EQ(NombreDocumento("C:\\Mis documentos\\año.txt"), "año.txt");
-  EXPECT_EQ(NombreDocumento("a/b\\c.txt"), "c.txt");
-  EXPECT_EQ(NombreDocumento("suelto.txt"), "suelto.txt");
-}
+INSTANTIATE_TEST_SUITE_P(Casos, Codec, prueba::Casos("archivos.txt"), prueba::NombreDeCaso);
 
 TEST_F(ArchivoTexto, SavingOverALongerFileLeavesNoTrailingBytes) {
   prueba::EscribeArchivo(ruta_, std::string(5000, 'z'));
-  std::string error;
-  ASSERT_TRUE(GuardaBytes(ruta_, CodificaArchivo({"a", "b", "c"}, C::Ansi), error)) << error;
-  EXPECT_EQ(prueba::LeeArchivo(ruta_), "a\r\nb\r\nc");
-  EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
-  std::string leido;
-  ASSERT_TRUE(LeeArchivo(ruta_, leido, error));
+  ASSERT_EQ(Guarda(ruta_, CodificaArchivo({"a", "b", "c"}, C::Ansi)), "bien");
+  EXPECT_EQ(Quedan(ruta_), "a\r\nb\r\nc doc.txt");
+  std::string leido, error;
+  ASSERT_TRUE(LeeArchivo(ruta_, leido, error)) << error;
   EXPECT_EQ(leido, "a\r\nb\r\nc");
 }
 
 TEST_F(ArchivoTexto, SavingKeepsPermissionsAndLinks) {
   const mode_t mascara = umask(022);
-  std::string error;
-  ASSERT_TRUE(GuardaBytes(ruta_, "1", error)) << error;
+  ASSERT_EQ(Guarda(ruta_, "1"), "bien");
   EXPECT_EQ(fs::status(ruta_).permissions(), fs::perms(0644)); // as any new file, not 0600
   fs::permissions(ruta_, fs::perms(0640));
-  ASSERT_TRUE(GuardaBytes(ruta_, "2", error)) << error;
+  ASSERT_EQ(Guarda(ruta_, "2"), "bien");
   EXPECT_EQ(fs::status(ruta_).permissions(), fs::perms(0640));
   umask(mascara);
-
   fs::create_symlink("doc.txt", carpeta_ + "/enlace.txt");
-  ASSERT_TRUE(GuardaBytes(carpeta_ + "/enlace.txt", "3", error)) << error;
+  ASSERT_EQ(Guarda(carpeta_ + "/enlace.txt", "3"), "bien");
   EXPECT_TRUE(fs::is_symlink(carpeta_ + "/enlace.txt"));
   EXPECT_EQ(prueba::LeeArchivo(ruta_), "3");
 }
 
 TEST_F(ArchivoTexto, WithoutWritePermissionTheOldFileStays) {
   // A folder closed to writing, then a file made read-only in an open folder.
-  const std::pair<int, int> casos[] = {{0555, 0666}, {0777, 0444}};
-  for (const auto& [carpeta, archivo] : casos) {
+  for (const auto& [carpeta, archivo] : {std::pair{0555, 0666}, {0777, 0444}}) {
     fs::permissions(carpeta_, fs::perms(0755));
     prueba::EscribeArchivo(ruta_, "viejo");
     fs::permissions(ruta_, fs::perms(archivo));
     fs::permissions(carpeta_, fs::perms(carpeta));
-    const auto g = GuardaSinPrivilegios(ruta_);
-    if (!g) GTEST_SKIP() << "no se pudo guardar como usuario sin privilegios";
-    EXPECT_FALSE(g->bien);
-    EXPECT_EQ(g->error, "No se pudo guardar «doc.txt»: permiso denegado.");
-    EXPECT_EQ(prueba::LeeArchivo(ruta_), "viejo");
-    EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
+    const auto error = GuardaSinPrivilegios(ruta_);
+    if (!error) GTEST_SKIP() << "no se pudo guardar como usuario sin privilegios";
+    EXPECT_EQ(*error, "No se pudo guardar «doc.txt»: permiso denegado.");
+    EXPECT_EQ(Quedan(ruta_), "viejo doc.txt");
   }
 }
 
@@ -214,14 +169,11 @@ TEST_F(ArchivoTexto, WriteCutShortRemovesTheTemporaryAndKeepsTheOldFile) {
   corto.rlim_cur = 4096;
   const auto senal = signal(SIGXFSZ, SIG_IGN);
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &corto), 0);
-  std::string error;
-  const bool bien = GuardaBytes(ruta_, std::string(100000, 'x'), error);
+  const std::string error = Guarda(ruta_, std::string(100000, 'x'));
   setrlimit(RLIMIT_FSIZE, &antes);
   signal(SIGXFSZ, senal);
-  EXPECT_FALSE(bien);
   EXPECT_EQ(error, "No se pudo guardar «doc.txt»: archivo demasiado grande.");
-  EXPECT_EQ(prueba::LeeArchivo(ruta_), "viejo");
-  EXPECT_EQ(Entradas(carpeta_), std::vector<std::string>{"doc.txt"});
+  EXPECT_EQ(Quedan(ruta_), "viejo doc.txt");
 }
 
 TEST_F(ArchivoTexto, OnAFullDiskTheOldFileStays) {
@@ -231,19 +183,14 @@ TEST_F(ArchivoTexto, OnAFullDiskTheOldFileStays) {
   const std::string ruta = disco.Carpeta() + "/doc.txt";
   prueba::EscribeArchivo(ruta, "viejo");
   ASSERT_TRUE(disco.Llena());
-  std::string error;
-  EXPECT_FALSE(GuardaBytes(ruta, std::string(20000, 'x'), error));
-  EXPECT_EQ(error, "No se pudo guardar «doc.txt»: disco lleno.");
-  EXPECT_EQ(prueba::LeeArchivo(ruta), "viejo");
-  std::vector<std::string> quedan = Entradas(disco.Carpeta());
-  std::sort(quedan.begin(), quedan.end());
-  EXPECT_EQ(quedan, (std::vector<std::string>{"doc.txt", "relleno"}));
+  EXPECT_EQ(Guarda(ruta, std::string(20000, 'x')), "No se pudo guardar «doc.txt»: disco lleno.");
+  EXPECT_EQ(Quedan(ruta), "viejo doc.txt relleno");
 }
 
 TEST_F(ArchivoTexto, MissingFolderOrFileIsReported) {
   std::string error, bytes;
-  EXPECT_FALSE(GuardaBytes(carpeta_ + "/no-existe/doc.txt", "x", error));
-  EXPECT_EQ(error, "No se pudo guardar «doc.txt»: carpeta inexistente.");
+  EXPECT_EQ(Guarda(carpeta_ + "/no-existe/doc.txt", "x"),
+            "No se pudo guardar «doc.txt»: carpeta inexistente.");
   EXPECT_FALSE(LeeArchivo(carpeta_ + "/nada.txt", bytes, error));
   EXPECT_EQ(error, "No se pudo abrir «nada.txt»: archivo inexistente.");
   EXPECT_FALSE(LeeArchivo(carpeta_, bytes, error));

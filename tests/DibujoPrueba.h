@@ -1,7 +1,8 @@
 #pragma once
 // Pictures of a document for the editor's tests: rows separated by "\n", "|"
 // for the cursor, "[" for the selection's anchor and "]" for its moving end;
-// "c{n}" stands for n times the character c, so that long rows stay readable.
+// "c{n}" stands for n times the character c (one byte or one UTF-8
+// character), so that long rows stay readable.
 
 #include <string>
 #include <vector>
@@ -16,7 +17,12 @@ inline std::string Expande(const std::string& s) {
   for (std::size_t i = 0; i < s.size(); ++i) {
     const std::size_t fin = s.find('}', i);
     if (s[i] == '{' && !out.empty() && fin != std::string::npos) {
-      out.append(std::stoul(s.substr(i + 1, fin - i - 1)) - 1, out.back());
+      std::size_t ini = out.size() - 1; // the last character may take several bytes
+      while (ini > 0 && (static_cast<unsigned char>(out[ini]) & 0xC0) == 0x80)
+        --ini;
+      const std::string car = out.substr(ini);
+      for (auto n = std::stoul(s.substr(i + 1, fin - i - 1)); n > 1; --n)
+        out += car;
       i = fin;
     } else {
       out += s[i];
