@@ -7,10 +7,12 @@
 // arccos(1/w)...). Names compare without regard to case. Below it, the one
 // generator of random expressions that the property tests share.
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <optional>
@@ -60,24 +62,14 @@ private:
 
   T Suma() {
     T v = Termino();
-    while (ok_)
-      if (Viene("+"))
-        v = Def(v + Termino());
-      else if (Viene("-"))
-        v = Def(v - Termino());
-      else
-        break;
+    for (bool mas; ok_ && ((mas = Viene("+")) || Viene("-"));)
+      v = Def(mas ? v + Termino() : v - Termino());
     return v;
   }
   T Termino() {
     T v = Signado();
-    while (ok_)
-      if (Viene("*") || Viene(kPunto))
-        v = Def(v * Signado());
-      else if (Viene("/"))
-        v = Def(v / Signado());
-      else
-        break;
+    for (bool por; ok_ && ((por = Viene("*") || Viene(kPunto)) || Viene("/"));)
+      v = Def(por ? v * Signado() : v / Signado());
     return v;
   }
   bool Negativo() {
@@ -115,10 +107,10 @@ private:
     // The program's constants are these 15-digit decimals.
     if (nombre == "pi") return 3.14159265358979L;
     if (nombre == "e") return 2.71828182845905L;
-    if (const auto f = Funciones().find(nombre); f != Funciones().end()) {
+    if (const auto f = Funcion(nombre, 1); f) {
       if (!Viene("(")) return Falla();
       const T w = Suma();
-      return Viene(")") ? Def(f->second(w)) : Falla();
+      return Viene(")") ? Def(*Funcion(nombre, w)) : Falla();
     }
     const auto it = vars_.find(nombre);
     return it != vars_.end() ? it->second : Falla();
@@ -144,32 +136,37 @@ private:
     return s == "." ? Falla() : std::strtold(s.c_str(), nullptr);
   }
 
-  static const std::map<std::string, T (*)(T)>& Funciones() {
-    // clang-format off
-    static const std::map<std::string, T (*)(T)> tabla = {
-        {"log", [](T w) { return std::log10(w); }}, {"ln", [](T w) { return std::log(w); }},
-        {"sin", [](T w) { return std::sin(w); }}, {"cos", [](T w) { return std::cos(w); }},
-        {"tg", [](T w) { return std::tan(w); }}, {"sec", [](T w) { return 1 / std::cos(w); }},
-        {"cosec", [](T w) { return 1 / std::sin(w); }},
-        {"ctg", [](T w) { return 1 / std::tan(w); }},
-        {"arcsin", [](T w) { return std::asin(w); }}, {"arccos", [](T w) { return std::acos(w); }},
-        {"arctg", [](T w) { return std::atan(w); }},
-        {"arcsec", [](T w) { return std::acos(1 / w); }},
-        {"arccosec", [](T w) { return std::asin(1 / w); }},
-        {"arcctg", [](T w) { return std::atan2(1.0L, w); }},
-        {"sinh", [](T w) { return std::sinh(w); }}, {"cosh", [](T w) { return std::cosh(w); }},
-        {"tgh", [](T w) { return std::tanh(w); }}, {"sech", [](T w) { return 1 / std::cosh(w); }},
-        {"cosech", [](T w) { return 1 / std::sinh(w); }},
-        {"ctgh", [](T w) { return 1 / std::tanh(w); }},
-        {"arcsinh", [](T w) { return std::asinh(w); }},
-        {"arccosh", [](T w) { return std::acosh(w); }},
-        {"arctgh", [](T w) { return std::atanh(w); }},
-        {"arcsech", [](T w) { return std::acosh(1 / w); }},
-        {"arccosech", [](T w) { return std::asinh(1 / w); }},
-        {"arcctgh", [](T w) { return std::atanh(1 / w); }},
-    };
-    // clang-format on
-    return tabla;
+  // A function's value, or nothing for a name that is none. Apart from Log
+  // and Ln, a name is a base (Sin, Cos, Tg, or their reciprocals Cosec, Sec,
+  // Ctg), with "Arc" before it for the inverse and "H" after it for the
+  // hyperbolic one; ArcCtg takes its values in (0, pi).
+  static std::optional<T> Funcion(std::string f, T w) {
+    if (f == "log") return std::log10(w);
+    if (f == "ln") return std::log(w);
+    if (f == "arcctg") return std::atan2(1.0L, w);
+    static const std::string bases[] = {"sin", "cos", "tg", "cosec", "sec", "ctg"};
+    const bool inversa = f.starts_with("arc"), hiperbolica = f.ends_with("h");
+    f = f.substr(inversa ? 3 : 0, f.size() - (inversa ? 3 : 0) - (hiperbolica ? 1 : 0));
+    const auto b = std::find(std::begin(bases), std::end(bases), f) - std::begin(bases);
+    if (b == 6) return std::nullopt;
+    const bool reciproca = b >= 3;
+    const int k = b % 3;
+    if (inversa) {
+      const T u = reciproca ? 1 / w : w;
+      return hiperbolica ? (k == 0   ? std::asinh(u)
+                            : k == 1 ? std::acosh(u)
+                                     : std::atanh(u))
+                         : (k == 0   ? std::asin(u)
+                            : k == 1 ? std::acos(u)
+                                     : std::atan(u));
+    }
+    const T v = hiperbolica ? (k == 0   ? std::sinh(w)
+                               : k == 1 ? std::cosh(w)
+                                        : std::tanh(w))
+                            : (k == 0   ? std::sin(w)
+                               : k == 1 ? std::cos(w)
+                                        : std::tan(w));
+    return reciproca ? 1 / v : v;
   }
 
   const std::string& t_;
