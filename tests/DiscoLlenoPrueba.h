@@ -17,7 +17,7 @@ namespace prueba {
 class DiscoLleno {
 public:
   DiscoLleno() = default;
-  DiscoLleno(const DiscoLleno&) = delete;
+  DiscoLleno(const DiscoLleno&) = delete; // it unmounts once
   DiscoLleno& operator=(const DiscoLleno&) = delete;
   ~DiscoLleno() {
     if (montado_) umount2(carpeta_.c_str(), MNT_DETACH);
@@ -32,26 +32,21 @@ public:
     if (mkdtemp(plantilla.data()) == nullptr) return std::strerror(errno);
     carpeta_ = plantilla;
     const std::string opciones = "size=" + std::to_string(kb) + "k,mode=0777";
-    if (mount("tmpfs", carpeta_.c_str(), "tmpfs", 0, opciones.c_str()) != 0)
-      return std::string("no se pudo montar un tmpfs: ") + std::strerror(errno);
-    montado_ = true;
-    return {};
+    montado_ = mount("tmpfs", carpeta_.c_str(), "tmpfs", 0, opciones.c_str()) == 0;
+    return montado_ ? "" : std::string("no se pudo montar un tmpfs: ") + std::strerror(errno);
   }
 
   // Writes a filler file until the file system refuses another byte. True
   // when it is indeed full.
   bool Llena() const {
-    const std::string relleno = carpeta_ + "/relleno";
-    const int fd = open(relleno.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (fd < 0) return false;
+    const int fd = open((carpeta_ + "/relleno").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     const std::string bloque(4096, 'r');
-    for (;;) {
-      const ssize_t n = write(fd, bloque.data(), bloque.size());
-      if (n > 0) continue;
-      const int err = errno;
-      close(fd);
-      return n < 0 && err == ENOSPC;
+    ssize_t n = 0;
+    while (fd >= 0 && (n = write(fd, bloque.data(), bloque.size())) > 0) {
     }
+    const bool lleno = fd >= 0 && n < 0 && errno == ENOSPC;
+    if (fd >= 0) close(fd);
+    return lleno;
   }
 
   const std::string& Carpeta() const { return carpeta_; }
