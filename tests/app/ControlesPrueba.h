@@ -1,17 +1,23 @@
 #pragma once
-// Driving dialogs through their real widgets, shared by the desktop tests.
+// What the desktop tests share: controls found by name and driven as a user
+// drives them, and a fixture that answers every message box and file dialog
+// through Dialogos, so that no test ever waits on one.
 
 #include <QAbstractButton>
 #include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "lang/Cp1252.h"
+#include "app/CamposBusquedaQt.h"
+#include "app/Dialogos.h"
 
 namespace prueba {
+
+inline std::string S(const QString& texto) { return texto.toStdString(); }
 
 template <class T> T* Control(const QWidget& padre, const char* nombre) {
   T* control = padre.findChild<T*>(QString::fromUtf8(nombre));
@@ -23,27 +29,49 @@ inline void Pulsa(QAbstractButton* boton) {
   if (boton) QTest::mouseClick(boton, Qt::LeftButton);
 }
 
-// Types each character as a key press carrying it; QTest::keyClicks knows
-// only ASCII.
-inline void Teclea(QWidget* control, const QString& texto) {
-  for (const QChar c : texto)
-    QTest::sendKeyEvent(QTest::Click, control, Qt::Key_unknown, QString(c), Qt::NoModifier);
-}
-
-// Replaces what the box holds, as a user does.
+// Replaces what the box holds, as a user does: each character is a key press
+// carrying it, since QTest::keyClicks knows only ASCII.
 inline void Escribe(QLineEdit* caja, const QString& texto) {
   if (!caja) return;
   caja->selectAll();
   QTest::keyClick(caja, Qt::Key_Delete);
-  Teclea(caja, texto);
+  for (const QChar c : texto)
+    QTest::sendKeyEvent(QTest::Click, caja, Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
 
-// Rows given in UTF-8, as a document model stores them.
-inline std::vector<std::string> FilasCp1252(const std::vector<std::string>& filas) {
-  std::vector<std::string> bytes;
-  for (const auto& f : filas)
-    bytes.push_back(Utf8ACp1252(f));
-  return bytes;
-}
+// Records every message and question and answers them from `respuestas`
+// (then `sinPrevista`); the file dialogs return rutaAbrir and rutaGuardar.
+class ConDialogos : public ::testing::Test {
+protected:
+  void SetUp() override {
+    Dialogos::Respondedor r;
+    r.aviso = [this](const QString&, const QString& texto) {
+      avisos.push_back(S(texto));
+      if (alAvisar) alAvisar();
+    };
+    r.pregunta = [this](const QString& texto) {
+      preguntas.push_back(S(texto));
+      if (alPreguntar) alPreguntar();
+      if (respuestas.empty()) return sinPrevista;
+      const Respuesta primera = respuestas.front();
+      respuestas.erase(respuestas.begin());
+      return primera;
+    };
+    r.nombreAbrir = [this] { return rutaAbrir; };
+    r.nombreGuardar = [this](const QString& propuesto) {
+      propuestos.push_back(S(propuesto));
+      return rutaGuardar;
+    };
+    Dialogos::FijaRespondedor(r);
+    UltimaBusqueda() = {};
+  }
+  void TearDown() override { Dialogos::FijaRespondedor({}); }
+
+  std::vector<std::string> avisos, preguntas, propuestos;
+  std::vector<Respuesta> respuestas;
+  Respuesta sinPrevista = Respuesta::Cancelar;
+  QString rutaAbrir, rutaGuardar;
+  std::function<void()> alAvisar, alPreguntar;
+};
 
 } // namespace prueba

@@ -1,23 +1,15 @@
-// The dialogs driven through their real widgets on the offscreen platform.
-// What the dialogs decide is tested in the window-free models; these tests
-// check the wiring: that the boxes are read, the models called, the messages
-// shown through Dialogos and the dialogs left open or closed as they should.
+// Each dialog driven through its real widgets: it shows the values it is
+// given and hands back what the user typed and chose. What the models then
+// do with those values is tested with the models.
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QImage>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
-#include <gtest/gtest.h>
 
-#include <string>
 #include <tuple>
-#include <vector>
 
 #include "ControlesPrueba.h"
-#include "app/Dialogos.h"
 #include "app/frmBuscar.h"
 #include "app/frmConfig.h"
 #include "app/frmPresentar.h"
@@ -26,81 +18,45 @@
 #include "editor/Buscador.h"
 #include "editor/Editor.h"
 #include "editor/Paleta.h"
-#include "editor/Presentacion.h"
 
 namespace {
 
-using prueba::Control;
-using prueba::Escribe;
-using prueba::Pulsa;
-using prueba::Teclea;
+using namespace prueba;
 
-// Every message box is answered here, never by a person.
-class DialogosTest : public ::testing::Test {
+class DialogosTest : public ConDialogos {
 protected:
-  void SetUp() override {
-    Dialogos::Respondedor r;
-    r.aviso = [this](const QString&, const QString& texto) {
-      avisos.push_back(texto);
-      if (alAvisar) alAvisar();
-    };
-    r.pregunta = [this](const QString& texto) {
-      preguntas.push_back(texto);
-      if (alPreguntar) alPreguntar();
-      if (respuestas.empty()) return Respuesta::Cancelar;
-      const Respuesta primera = respuestas.front();
-      respuestas.erase(respuestas.begin());
-      return primera;
-    };
-    Dialogos::FijaRespondedor(r);
-    UltimaBusqueda() = {};
-  }
-  void TearDown() override { Dialogos::FijaRespondedor({}); }
-
   static void Muestra(QWidget& dialogo) {
     dialogo.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialogo));
   }
-
-  std::vector<QString> avisos, preguntas;
-  std::vector<Respuesta> respuestas;
-  std::function<void()> alAvisar, alPreguntar;
 };
 
-// ---------------------------------------------------------------------------
-// frmConfig
-
-TEST_F(DialogosTest, ConfigRechazaCifrasYQuedaAbiertaConLaCajaSeleccionada) {
-  frmConfig dlg;
-  Muestra(dlg);
-  auto* txtCRE = Control<QLineEdit>(dlg, "txtCRE");
-  ASSERT_NE(txtCRE, nullptr);
-  QString seleccionAlAvisar;
-  alAvisar = [&] { seleccionAlAvisar = txtCRE->selectedText(); };
-  Escribe(txtCRE, "301");
-  Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
-
-  EXPECT_EQ(avisos, std::vector<QString>{"Se esperaba un número entre 0 y 300"});
-  EXPECT_EQ(seleccionAlAvisar, "301"); // selected before the message, not after
-  EXPECT_TRUE(dlg.isVisible());
-  EXPECT_EQ(txtCRE->selectedText(), "301");
-  EXPECT_EQ(dlg.focusWidget(), txtCRE);
-  EXPECT_FALSE(dlg.Config().Ok);
-  EXPECT_EQ(dlg.Config().CifRedExt, 5);
-}
-
-TEST_F(DialogosTest, ConfigAceptaYVuelveAMostrarLoAceptado) {
+// A refused box stays open, selected before the message so that the user
+// retypes over it; what is typed and then cancelled is forgotten.
+TEST_F(DialogosTest, ConfigDevuelveLoEscrito) {
   frmConfig dlg;
   QSignalSpy ayuda(&dlg, &frmConfig::ayudaPedida);
   Muestra(dlg);
-  Escribe(Control<QLineEdit>(dlg, "txtVD"), "u");
+  auto* txtVD = Control<QLineEdit>(dlg, "txtVD");
+  auto* txtCRE = Control<QLineEdit>(dlg, "txtCRE");
+  ASSERT_TRUE(txtVD && txtCRE);
+  EXPECT_EQ(S(txtVD->text() + Control<QLineEdit>(dlg, "txtVI")->text() + txtCRE->text()), "yx5");
+  Escribe(txtVD, "u");
   Escribe(Control<QLineEdit>(dlg, "txtVI"), "t");
-  Escribe(Control<QLineEdit>(dlg, "txtCRE"), "0");
+  Escribe(txtCRE, "301");
   Pulsa(Control<QCheckBox>(dlg, "chkFracc"));
   Pulsa(Control<QPushButton>(dlg, "cmdAyuda"));
+  QString seleccionAlAvisar;
+  alAvisar = [&] { seleccionAlAvisar = txtCRE->selectedText(); };
   Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
+  EXPECT_EQ(avisos, std::vector<std::string>{"Se esperaba un número entre 0 y 300"});
+  EXPECT_EQ(seleccionAlAvisar, "301");
+  EXPECT_TRUE(dlg.isVisible());
+  EXPECT_EQ(dlg.focusWidget(), txtCRE);
+  EXPECT_FALSE(dlg.Config().Ok);
 
-  EXPECT_TRUE(avisos.empty());
+  Escribe(txtCRE, "0");
+  Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
   EXPECT_EQ(dlg.result(), QDialog::Accepted);
   const ConfigDerivacion& c = dlg.Config();
   EXPECT_EQ(std::tuple(c.VarDep, c.VarInd, c.CifRedExt, c.OutFracc, c.Ok),
@@ -108,193 +64,129 @@ TEST_F(DialogosTest, ConfigAceptaYVuelveAMostrarLoAceptado) {
   ASSERT_EQ(ayuda.count(), 1);
   EXPECT_EQ(ayuda.at(0).at(0).toString(), "configuracion");
 
-  // What is typed and then cancelled is forgotten at the next opening.
   Muestra(dlg);
-  auto* txtVD = Control<QLineEdit>(dlg, "txtVD");
-  EXPECT_EQ(txtVD->text(), "u");
-  Escribe(txtVD, "dy_dx");
+  Escribe(txtVD, "z");
   Pulsa(Control<QPushButton>(dlg, "cmdCancelar"));
-  EXPECT_EQ(dlg.Config().VarDep, "u");
   Muestra(dlg);
-  EXPECT_EQ(txtVD->text(), "u");
-  EXPECT_EQ(Control<QLineEdit>(dlg, "txtCRE")->text(), "0");
-  EXPECT_FALSE(Control<QCheckBox>(dlg, "chkFracc")->isChecked());
-}
-
-// ---------------------------------------------------------------------------
-// frmPresentar
-
-// A memory store that also keeps its writes in order.
-class AlmacenAnotado : public AlmacenEnMemoria {
-public:
-  void Escribe(const std::string& s, const std::string& c, const std::string& v) override {
-    escrituras.push_back(c + "=" + v);
-    AlmacenEnMemoria::Escribe(s, c, v);
-  }
-  std::vector<std::string> escrituras;
-};
-
-int CuentaPixeles(const QImage& imagen, QColor color) {
-  int n = 0;
-  for (int y = 0; y < imagen.height(); ++y)
-    for (int x = 0; x < imagen.width(); ++x)
-      n += imagen.pixelColor(x, y).rgb() == color.rgb();
-  return n;
-}
-
-class PresentarTest : public DialogosTest {
-protected:
-  void SetUp() override {
-    DialogosTest::SetUp();
-    p.Carga();
-    almacen.escrituras.clear();
-  }
-  AlmacenAnotado almacen;
-  Presentacion p{almacen};
-};
-
-TEST_F(PresentarTest, RechazaLaTabulacionYAplicaLosAjustesEnOrden) {
-  frmPresentar dlg(p);
-  Muestra(dlg);
-  auto* txtTab = Control<QLineEdit>(dlg, "txtTab");
-  auto* cmbTipoTexto = Control<QComboBox>(dlg, "cmbTipoTexto");
-  auto* cmbPrimerPlano = Control<QComboBox>(dlg, "cmbPrimerPlano");
-  auto* cmbFondo = Control<QComboBox>(dlg, "cmbFondo");
-  auto* cmbFondoEditor = Control<QComboBox>(dlg, "cmbFondoEditor");
-  auto* picMuestra = Control<MuestraPresentacion>(dlg, "picMuestra");
-  ASSERT_TRUE(txtTab && cmbTipoTexto && cmbPrimerPlano && cmbFondo && cmbFondoEditor && picMuestra);
-  EXPECT_EQ(txtTab->text(), "4");
-  EXPECT_EQ(Control<QComboBox>(dlg, "cmbTamFuente")->currentText(), "10");
-  EXPECT_EQ(cmbFondoEditor->currentText(), "Blanco brillante");
-  EXPECT_EQ(cmbPrimerPlano->currentText(), "Negro");
-  EXPECT_FALSE(cmbFondo->isEnabled());
-
-  Control<QComboBox>(dlg, "cmbTamFuente")->setCurrentText("12");
-  cmbPrimerPlano->setCurrentText("Rojo"); // plain text
-  cmbTipoTexto->setCurrentText("Texto seleccionado");
-  EXPECT_TRUE(cmbFondo->isEnabled());
-  EXPECT_EQ(cmbPrimerPlano->currentText(), "Blanco brillante");
-  EXPECT_EQ(cmbFondo->currentText(), "Azul");
-  cmbPrimerPlano->setCurrentText("Amarillo");
-  cmbFondo->setCurrentText("Negro");
-  cmbTipoTexto->setCurrentText("Comentarios");
-  EXPECT_FALSE(cmbFondo->isEnabled());
-  EXPECT_EQ(cmbPrimerPlano->currentText(), "Verde");
-  cmbPrimerPlano->setCurrentText("Fucsia");
-  cmbFondoEditor->setCurrentText("Gris");
-  EXPECT_EQ(cmbFondo->currentText(), "Gris"); // comments lie on the editor's background
-  Pulsa(Control<QCheckBox>(dlg, "chkScrollBar"));
-
-  // The sample follows: the editor's background, the comments' colour in
-  // the underline, the chosen size.
-  const QImage imagen = picMuestra->grab().toImage();
-  EXPECT_EQ(imagen.pixelColor(1, 1).rgb(), QColor::fromRgb(ColorPaleta(8)).rgb());
-  EXPECT_GT(CuentaPixeles(imagen, QColor::fromRgb(ColorPaleta(5))), 10);
-  EXPECT_EQ(picMuestra->TamFuente(), 12.0f);
-
-  Escribe(txtTab, "33");
-  QString seleccionAlAvisar;
-  alAvisar = [&] { seleccionAlAvisar = txtTab->selectedText(); };
-  Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
-  EXPECT_EQ(avisos, std::vector<QString>{
-                        "Los espacios de tabulación deben estar comprendidos entre 1 y 32"});
-  EXPECT_EQ(seleccionAlAvisar, "33");
-  EXPECT_EQ(txtTab->selectedText(), "33");
-  EXPECT_EQ(dlg.focusWidget(), txtTab);
-  EXPECT_TRUE(dlg.isVisible());
-  EXPECT_TRUE(almacen.escrituras.empty());
-
-  Escribe(txtTab, "8");
-  Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
+  EXPECT_EQ(S(txtVD->text()), "u");
   EXPECT_EQ(avisos.size(), 1u);
-  EXPECT_EQ(dlg.result(), QDialog::Accepted);
-  const std::vector<std::string> enOrden{
-      "TamFuente=12",    "Tab=8",           "m_ColorLetra=4", "ScrollBars=0",
-      "ColorLetraSel=6", "ColorFondoSel=0", "ColorComment=5", "ColorFondoEditor=8"};
-  EXPECT_EQ(almacen.escrituras, enOrden);
 }
 
-TEST_F(PresentarTest, CancelarNoLlamaANingunAjuste) {
-  frmPresentar dlg(p);
-  Muestra(dlg);
-  Control<QComboBox>(dlg, "cmbTamFuente")->setCurrentText("16");
-  Control<QComboBox>(dlg, "cmbFondoEditor")->setCurrentText("Negro");
-  Escribe(Control<QLineEdit>(dlg, "txtTab"), "2");
-  Pulsa(Control<QPushButton>(dlg, "cmdCancelar"));
-  EXPECT_FALSE(dlg.isVisible());
-  EXPECT_TRUE(almacen.escrituras.empty());
-  EXPECT_TRUE(avisos.empty());
-}
-
-// ---------------------------------------------------------------------------
-// frmBuscar and frmReemp
-
-class BuscarTest : public DialogosTest {
-protected:
-  void Carga(const std::vector<std::string>& filas) { ed.Carga(prueba::FilasCp1252(filas)); }
-  std::string Texto() const { return ed.Doc().TextoDocumento(); }
+// The text and both options reach the Buscador, from the cursor on.
+TEST_F(DialogosTest, BuscarBuscaLoEscritoConSusOpciones) {
   Editor ed;
+  ed.Carga({"y = max(x)", "X", "x"});
   Buscador buscador{ed};
-};
-
-TEST_F(BuscarTest, BuscarSiguienteAvanzaDesdeElCursor) {
-  Carga({"y = max(x)", "2·X + 1", "x"});
   frmBuscar dlg(buscador, ed);
   QSignalSpy buscado(&dlg, &frmBuscar::buscado);
   Muestra(dlg);
-  Teclea(Control<QLineEdit>(dlg, "txtBuscar"), "x");
+  Escribe(Control<QLineEdit>(dlg, "txtBuscar"), "x");
   Pulsa(Control<QCheckBox>(dlg, "chkPalCmp"));
-  auto* cmdBuscar = Control<QPushButton>(dlg, "cmdBuscar");
-  Pulsa(cmdBuscar);
-  EXPECT_EQ(ed.Doc().InicioSel(), (Posicion{0, 8}));
-  Pulsa(cmdBuscar);
-  EXPECT_EQ(ed.Doc().InicioSel(), (Posicion{1, 2})); // case ignored, "·" is no word character
+  Pulsa(Control<QPushButton>(dlg, "cmdBuscar"));
+  EXPECT_EQ(ed.Doc().InicioSel(), (Posicion{0, 8})); // a whole word: not the x of max
   Pulsa(Control<QCheckBox>(dlg, "chkMayusMinus"));
-  Pulsa(cmdBuscar);
-  EXPECT_EQ(ed.Doc().InicioSel(), (Posicion{2, 0}));
-  EXPECT_EQ(buscado.count(), 3);
+  Pulsa(Control<QPushButton>(dlg, "cmdBuscar"));
+  EXPECT_EQ(ed.Doc().InicioSel(), (Posicion{2, 0})); // case matched: not the X
+  EXPECT_EQ(buscado.count(), 2);
   EXPECT_TRUE(dlg.isVisible());
+  EXPECT_TRUE(avisos.empty());
 }
 
-TEST_F(BuscarTest, ReemplazarTodoConLosBotones) {
-  Carga({"y = x^2 + X", "max(x)", "2·x + 1"});
-  ed.Doc().MueveCursor(2, 7); // every match counts, not only those after the cursor
+// One by one, each match is shown selected before its question, which goes
+// through Dialogos; "Reemplazar todo" asks nothing.
+TEST_F(DialogosTest, ReemplazarPasaLoEscritoYPregunta) {
+  Editor ed;
+  ed.Carga({"x + X", "max(x) + x"});
+  Buscador buscador{ed};
   frmReemp dlg(buscador, ed);
   QSignalSpy reemplazado(&dlg, &frmReemp::reemplazado);
   Muestra(dlg);
   auto* cmdReplaceAll = Control<QPushButton>(dlg, "cmdReplaceAll");
+  ASSERT_NE(cmdReplaceAll, nullptr);
   EXPECT_FALSE(cmdReplaceAll->isEnabled()); // nothing to look for yet
-  Teclea(Control<QLineEdit>(dlg, "txtBuscar"), "x");
-  Teclea(Control<QLineEdit>(dlg, "txtReemp"), "año");
+  Escribe(Control<QLineEdit>(dlg, "txtBuscar"), "x");
+  Escribe(Control<QLineEdit>(dlg, "txtReemp"), "año");
   Pulsa(Control<QCheckBox>(dlg, "chkPalCmp"));
+  Pulsa(Control<QCheckBox>(dlg, "chkMayusMinus"));
+  std::vector<Posicion> vistas;
+  alPreguntar = [&] {
+    vistas.push_back(ed.Doc().InicioSel());
+    EXPECT_GE(reemplazado.count(), static_cast<int>(vistas.size()));
+  };
+  respuestas = {Respuesta::Si, Respuesta::No, Respuesta::Cancelar};
+  Pulsa(Control<QPushButton>(dlg, "cmdSí"));
+  EXPECT_EQ(preguntas, std::vector<std::string>(3, Buscador::kPregunta));
+  EXPECT_EQ(vistas, (std::vector<Posicion>{{0, 0}, {1, 4}, {1, 9}}));
+  EXPECT_EQ(ed.Doc().TextoDocumento(), "año + X\r\nmax(x) + x");
   Pulsa(cmdReplaceAll);
-
-  EXPECT_TRUE(preguntas.empty());
-  EXPECT_EQ(Texto(), "y = año^2 + año\r\nmax(año)\r\n2·año + 1");
-  EXPECT_GE(reemplazado.count(), 1);
+  EXPECT_EQ(ed.Doc().TextoDocumento(), "año + X\r\nmax(año) + año");
+  EXPECT_EQ(preguntas.size(), 3u);
   EXPECT_TRUE(dlg.isVisible());
 }
 
-TEST_F(BuscarTest, ReemplazarUnoAUnoPreguntaConLaCoincidenciaSeleccionada) {
-  Carga({"x + x", "x"});
-  frmReemp dlg(buscador, ed);
-  QSignalSpy reemplazado(&dlg, &frmReemp::reemplazado);
+// The dialog shows the settings, hands back the colours chosen for each text
+// type with the sample following, keeps a refused tab box open and selected,
+// and passes nothing on when cancelled. Which setters run, and in what order,
+// is the model's.
+TEST_F(DialogosTest, PresentarDevuelveLoElegido) {
+  AlmacenEnMemoria almacen;
+  Presentacion p(almacen);
+  p.Carga();
+  const auto guardado = almacen.Valores();
+  frmPresentar dlg(p);
   Muestra(dlg);
-  Teclea(Control<QLineEdit>(dlg, "txtBuscar"), "x");
-  Teclea(Control<QLineEdit>(dlg, "txtReemp"), "t");
-  std::vector<Posicion> seleccionadas;
-  int redibujosAlPreguntar = 0;
-  alPreguntar = [&] {
-    seleccionadas.push_back(ed.Doc().InicioSel());
-    redibujosAlPreguntar = reemplazado.count();
-  };
-  respuestas = {Respuesta::No, Respuesta::Si, Respuesta::Cancelar};
-  Pulsa(Control<QPushButton>(dlg, "cmdSí"));
+  const auto combo = [&](const char* nombre) { return Control<QComboBox>(dlg, nombre); };
+  auto* txtTab = Control<QLineEdit>(dlg, "txtTab");
+  auto* picMuestra = Control<MuestraPresentacion>(dlg, "picMuestra");
+  ASSERT_TRUE(txtTab && picMuestra && combo("cmbTipoTexto") && combo("cmbFondo"));
+  EXPECT_EQ(S(txtTab->text() + "|" + combo("cmbTamFuente")->currentText() + "|" +
+              combo("cmbPrimerPlano")->currentText() + "|" +
+              combo("cmbFondoEditor")->currentText()),
+            "4|10|Negro|Blanco brillante");
+  EXPECT_FALSE(combo("cmbFondo")->isEnabled()); // plain text lies on the editor's background
 
-  EXPECT_EQ(preguntas, std::vector<QString>(3, "¿Reemplazar la cadena buscada?"));
-  EXPECT_EQ(seleccionadas, (std::vector<Posicion>{{0, 0}, {0, 4}, {1, 0}}));
-  EXPECT_GE(redibujosAlPreguntar, 3); // the view showed each match before its question
-  EXPECT_EQ(Texto(), "x + t\r\nx");
+  combo("cmbTamFuente")->setCurrentText("12");
+  combo("cmbPrimerPlano")->setCurrentText("Rojo");
+  combo("cmbTipoTexto")->setCurrentText("Texto seleccionado"); // shows the selection's colours
+  EXPECT_EQ(S(combo("cmbPrimerPlano")->currentText() + "/" + combo("cmbFondo")->currentText()),
+            "Blanco brillante/Azul");
+  EXPECT_TRUE(combo("cmbFondo")->isEnabled());
+  combo("cmbPrimerPlano")->setCurrentText("Amarillo");
+  combo("cmbFondo")->setCurrentText("Negro");
+  combo("cmbTipoTexto")->setCurrentText("Comentarios");
+  combo("cmbPrimerPlano")->setCurrentText("Fucsia");
+  combo("cmbFondoEditor")->setCurrentText("Gris");
+  Pulsa(Control<QCheckBox>(dlg, "chkScrollBar"));
+  Escribe(txtTab, "33");
+  const ValoresPresentar v = dlg.Valores();
+  EXPECT_EQ(std::tuple(v.TamFuente, v.ColorLetra, v.ColorLetraSel, v.ColorFondoSel, v.ColorComment,
+                       v.ColorFondoEditor, v.ScrollBars, v.txtTab),
+            std::tuple(12.0f, 4, 6, 0, 5, 8, false, "33"));
+  EXPECT_EQ(picMuestra->Fondo(), QColor::fromRgb(ColorPaleta(8)));
+  EXPECT_EQ(picMuestra->Texto(), QColor::fromRgb(ColorPaleta(5)));
+  EXPECT_EQ(picMuestra->TamFuente(), 12.0f);
+
+  QString seleccionAlAvisar;
+  alAvisar = [&] { seleccionAlAvisar = txtTab->selectedText(); };
+  Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
+  EXPECT_EQ(avisos.size(), 1u);
+  EXPECT_EQ(seleccionAlAvisar, "33");
+  EXPECT_EQ(dlg.focusWidget(), txtTab);
+  EXPECT_TRUE(dlg.isVisible());
+  EXPECT_EQ(almacen.Valores(), guardado);
+
+  frmPresentar cancelado(p);
+  Muestra(cancelado);
+  Control<QComboBox>(cancelado, "cmbFondoEditor")->setCurrentText("Negro");
+  Pulsa(Control<QPushButton>(cancelado, "cmdCancelar"));
+  EXPECT_EQ(almacen.Valores(), guardado);
+
+  Escribe(txtTab, "8");
+  Pulsa(Control<QPushButton>(dlg, "cmdAceptar"));
+  EXPECT_EQ(dlg.result(), QDialog::Accepted);
+  EXPECT_EQ(std::tuple(p.GetTamFuente(), p.GetColorComment(), p.GetColorFondoEditor()),
+            std::tuple(12.0f, 5, 8));
+  EXPECT_EQ(avisos.size(), 1u);
 }
 
 } // namespace
