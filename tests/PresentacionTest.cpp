@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <regex>
@@ -57,16 +58,12 @@ std::string Ajustes(const AjustesPresentacion& a) {
 // The dialog's values from "tab box;font;text;selected text;selection
 // background;keyword;comment;background;scroll bars;tab".
 ValoresPresentar Dialogo(const std::string& arg) {
-  std::istringstream s(arg);
-  std::string campo[10];
-  for (std::string& c : campo)
-    std::getline(s, c, ';');
   ValoresPresentar v;
-  v.txtTab = campo[0], v.TamFuente = std::stof(campo[1]), v.ColorLetra = std::stoi(campo[2]);
-  v.ColorLetraSel = std::stoi(campo[3]), v.ColorFondoSel = std::stoi(campo[4]);
-  v.ColorPC = std::stoi(campo[5]), v.ColorComment = std::stoi(campo[6]);
-  v.ColorFondoEditor = std::stoi(campo[7]), v.ScrollBars = campo[8] == "1";
-  v.EspTab = std::stoi(campo[9]);
+  v.txtTab = arg.substr(0, arg.find(';'));
+  std::string resto = arg.substr(arg.find(';') + 1);
+  std::replace(resto.begin(), resto.end(), ';', ' ');
+  std::istringstream(resto) >> v.TamFuente >> v.ColorLetra >> v.ColorLetraSel >> v.ColorFondoSel >>
+      v.ColorPC >> v.ColorComment >> v.ColorFondoEditor >> v.ScrollBars >> v.EspTab;
   return v;
 }
 
