@@ -50,17 +50,18 @@ std::string Unidos(const std::vector<std::string>& textos) {
   return unidos;
 }
 
-// Runs a command that opens a modal dialog with exec(): `accion` acts on the
-// dialog once it is open, which is then closed if still open, so that the
-// command returns. The dialog's class is the result, "" when none opened.
+// Runs a command that opens modal dialogs with exec(): `accion` acts on each
+// once it is open, and it is then closed if still open, so that the command
+// returns and no test waits on a box. The classes of the dialogs seen are the
+// result.
 std::string ConDialogo(const std::function<void()>& orden,
                        const std::function<void(QDialog&)>& accion = {}) {
   std::string visto;
   QTimer reloj;
   QObject::connect(&reloj, &QTimer::timeout, [&] {
     auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialogo || !visto.empty()) return;
-    visto = dialogo->metaObject()->className();
+    if (!dialogo) return;
+    visto += (visto.empty() ? "" : " ") + std::string(dialogo->metaObject()->className());
     if (accion) accion(*dialogo);
     if (dialogo->isVisible()) dialogo->reject();
   });
@@ -177,6 +178,7 @@ TEST_F(VentanaTest, CadaComandoLlegaASuOperacion) {
       {"Configuración Derivar", "u = t^2", 0, "u = t^2\r\n'Derivada hallada:\r\n'du/dt = 2*t | frmConfig"},
       {"Buscar", "x + x", -1, "x + x | sel:x@0 | frmBuscar"},
       {"Buscar BuscarSiguiente", "x + x", -1, "x + x | sel:x@4 | frmBuscar"},
+      {"Buscar BuscarSiguiente BuscarSiguiente", "x + x", -1, "x + x | sel:x@4 | frmBuscar | aviso:No se encontró el texto de búsqueda"},
       {"BuscarSiguiente", "x + x", -1, "x + x | sel:x@0 | frmBuscar"}, // no search yet
       {"Reemplazar", "x + x", 0, "t + t | frmReemp"},
       {"Nuevo", "y = x^2", 0, " | pregunta | SinNombre.txt - Mirkal"},
