@@ -1,5 +1,6 @@
 #pragma once
-// Pictures of a document for the editor's tests: rows separated by "\n", "|"
+// Pictures of a document for the tables of the editor, the document model and
+// find and replace (and "c{n}" for any long text): rows separated by "\n", "|"
 // for the cursor, "[" for the selection's anchor and "]" for its moving end;
 // "c{n}" stands for n times the character c (one byte or one UTF-8
 // character), so that long rows stay readable.
