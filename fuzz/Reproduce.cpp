@@ -28,9 +28,12 @@ namespace {
 
 std::string enCurso; // the seed being replayed
 
+// Without allocating: the run may be dying inside the allocator.
 void NombraSemilla() {
-  const std::string linea = "\nsemilla que falla: " + enCurso + "\n";
-  [[maybe_unused]] const auto n = write(STDERR_FILENO, linea.data(), linea.size());
+  const char titulo[] = "\nsemilla que falla: ";
+  [[maybe_unused]] auto n = write(STDERR_FILENO, titulo, sizeof titulo - 1);
+  n = write(STDERR_FILENO, enCurso.data(), enCurso.size());
+  n = write(STDERR_FILENO, "\n", 1);
 }
 
 void AlAbortar(int senal) {
