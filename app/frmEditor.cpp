@@ -254,15 +254,6 @@ void frmEditor::CreaEstado() {
   statusBar()->addPermanentWidget(hora_);
 }
 
-// A toolbar button by its key; an unknown key does nothing.
-void frmEditor::BotonBarra(const QString& clave) {
-  for (QAction* a : barraH_->actions())
-    if (!a->isSeparator() && a->data().toString() == clave) {
-      a->trigger();
-      return;
-    }
-}
-
 void frmEditor::ActualizaEstado() {
   posCursor_->setText(TextoPosicion(editor_.Doc().Cursor()));
   const QDateTime ahora = QDateTime::currentDateTime();

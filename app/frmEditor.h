@@ -48,10 +48,6 @@ public:
   void ImprimeEn(QPrinter& impresora);
   // The save question; whether the caller may go on.
   bool PreguntaGuardar();
-  // A toolbar button by its key ("Nuevo", ..., "Resolver", "Ayuda"), as a
-  // click on it; an unknown key does nothing. The buttons are the menus' own
-  // commands, shown with a picture.
-  void BotonBarra(const QString& clave);
   // Tells the user, once, that another program changed or deleted the open
   // file, and offers to read it again. Runs whenever the window becomes active.
   void RevisaDisco();
