@@ -14,7 +14,7 @@
 namespace {
 
 // Messages of the calculator's user-input errors, by code (0 has none).
-constexpr std::array<const char*, 8> kMensajes = {
+constexpr auto kMensajes = std::to_array<const char*>({
     "",
     "Se esperaba '('.",
     "Se esperaba ')'",
@@ -23,19 +23,19 @@ constexpr std::array<const char*, 8> kMensajes = {
     "Se esperaba el fin de la expresión.",
     "Intentó dividir por cero",
     "No se pudo despejar la variable",
-};
+});
 
 // The constants at 15 digits, deliberately not at full precision.
 constexpr double kValorPi = 3.14159265358979;
 constexpr double kValorE = 2.71828182845905;
 
 // The error raised when a token is expected and absent.
-constexpr std::array<std::pair<int, ErrCalc>, 4> kEsperados = {{
+constexpr auto kEsperados = std::to_array<std::pair<int, ErrCalc>>({
     {MotorCalc::kAbre, ErrCalc::EsperaAbre},
     {MotorCalc::kCierra, ErrCalc::EsperaCierra},
     {MotorCalc::kFA, ErrCalc::EsperaFin},
     {MotorCalc::kIgual, ErrCalc::EsperaIgual},
-}};
+});
 
 void Configura(AnaLex& lex) {
   lex.IgnFL(false);

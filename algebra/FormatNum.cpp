@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kFinTexto = 1, kNumero = 2, kProducto = 3;
+enum : int { kFinTexto = 1, kNumero, kProducto }; // the codes of the number reader's lexer
 
 // Written with 15 significant digits and read back: removes binary noise
 // such as 0.30000000000000004 before any digit is counted.

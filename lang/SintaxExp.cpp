@@ -9,7 +9,7 @@
 namespace {
 
 // Messages of the syntax errors, by message number (0 has none).
-constexpr std::array<const char*, 8> kMensajes = {
+constexpr auto kMensajes = std::to_array<const char*>({
     "",
     "Se esperaba expresión",
     "Se esperaba = ó > ó < ó >= ó <= ó <>",
@@ -18,16 +18,16 @@ constexpr std::array<const char*, 8> kMensajes = {
     "Se esperaba =",
     "Se esperaba (",
     "Se esperaba )",
-};
+});
 
 // The error raised when a token is expected and absent.
-constexpr std::array<std::pair<int, ErrSintax>, 5> kEsperados = {{
+constexpr auto kEsperados = std::to_array<std::pair<int, ErrSintax>>({
     {SintaxExp::kFL, ErrSintax::EsperaFinDeLinea},
     {SintaxExp::kFA, ErrSintax::EsperaFinDeArchivo},
     {SintaxExp::kAbre, ErrSintax::EsperaAbre},
     {SintaxExp::kCierra, ErrSintax::EsperaCierra},
     {SintaxExp::kIgual, ErrSintax::EsperaIgual},
-}};
+});
 
 } // namespace
 

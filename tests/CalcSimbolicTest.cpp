@@ -71,6 +71,10 @@ TEST_P(Calculo, Resultado) {
     CalcSimbolic calc = Calculadora(c[1]);
     EXPECT_EQ(calc.Desp_axNb(c[2], c[3]), c[4]);
     EXPECT_EQ(calc.ErrNumber(), 0) << calc.ErrDesc();
+  } else if (tipo == "cifras") {
+    CalcSimbolic calc;
+    if (c[1] != "-") calc.CifRedInt(std::stoi(c[1]));
+    EXPECT_EQ(calc.CifRedInt(), std::stoi(c[2]));
   } else {
     ASSERT_EQ(tipo, "despeja-error");
     CalcSimbolic calc = Calculadora(c[1]);
