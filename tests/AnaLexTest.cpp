@@ -17,6 +17,8 @@
 
 namespace {
 
+using prueba::Texto;
+
 // Class codes of this client, apart from every keyword and operator code.
 enum : int { kCom = 1, kCad, kNum, kId, kPC, kOpr, kFL, kFA, kDesc };
 enum : int { kSin = 20, kE, kPi, kAño };
@@ -33,8 +35,6 @@ const std::pair<int, const char*> kOperadores[] = {
     {kMayor, ">"}, {kMayorIgual, ">="}, {kMayorIgual, "=>"}, {kIgual, "="},
     {kMenor, "<"}, {kMenorIgual, "<="}, {kDistinto, "<>"}};
 const std::string kAvisoPila = ".AnaLex|No hay estados en la pila del analizador léxico.";
-
-std::string Texto(const std::string& campo) { return campo == "(vacío)" ? "" : campo; }
 
 class Lexico : public prueba::TablaDeCasos {
 protected:

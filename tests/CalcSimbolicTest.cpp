@@ -13,6 +13,8 @@
 
 namespace {
 
+using prueba::Texto;
+
 const std::string kModos =
     " simbolico constantes numerico sin-numerico numerico-sin-constantes coma ";
 
@@ -34,8 +36,6 @@ std::int32_t Numero(const std::string& s) {
   const int n = std::stoi(s.substr(1));
   return s[0] == 'u' ? NumeroError(n) : n;
 }
-
-std::string Texto(const std::string& campo) { return campo == "(vacío)" ? "" : campo; }
 
 class Calculo : public prueba::TablaDeCasos {};
 

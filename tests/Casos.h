@@ -45,6 +45,9 @@ inline std::string Recorta(const std::string& s) {
   return s.substr(ini, s.find_last_not_of(" \t") - ini + 1);
 }
 
+// A field that stands for a text: "(vacío)" is the empty one.
+inline std::string Texto(const std::string& campo) { return campo == "(vacío)" ? "" : campo; }
+
 // The field's escapes undone.
 inline std::string Desescapa(const std::string& s) {
   std::string out;
@@ -54,15 +57,24 @@ inline std::string Desescapa(const std::string& s) {
       continue;
     }
     switch (const char c = s[++i]) {
-    case 'n': out += '\n'; break;
-    case 'r': out += '\r'; break;
-    case 't': out += '\t'; break;
-    case 's': out += ' '; break;
+    case 'n':
+      out += '\n';
+      break;
+    case 'r':
+      out += '\r';
+      break;
+    case 't':
+      out += '\t';
+      break;
+    case 's':
+      out += ' ';
+      break;
     case 'x':
       out += static_cast<char>(std::stoi(s.substr(i + 1, 2), nullptr, 16));
       i += 2;
       break;
-    default: out += c; // \\ and \|
+    default:
+      out += c; // \\ and \|
     }
   }
   return out;

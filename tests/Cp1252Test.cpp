@@ -12,7 +12,7 @@
 
 namespace {
 
-std::string Texto(const std::string& campo) { return campo == "(vacío)" ? "" : campo; }
+using prueba::Texto;
 
 // "78 81 79" as the bytes it names.
 std::string Bytes(const std::string& hex) {

@@ -54,10 +54,40 @@ auto Registro(const auto& r) {
   return std::tuple(r.ErrNumber(), r.ErrLin(), r.ErrCol(), r.ErrLen(), r.ErrDesc());
 }
 
+// The trace of one equation, y depending on x: every step says what the next
+// one equals, and the last is the derivative found without the trace.
+void Traza(const prueba::Caso& c) {
+  Derivada d, sinPasos;
+  for (Derivada* m : {&d, &sinPasos})
+    m->VarDep("y"), m->VarInd("x");
+  d.PasToPas(c[0] != "traza-apagada");
+  const std::string derivada = d.Derivar(c[1]);
+  std::vector<std::string> p;
+  for (int i = 1; i <= d.Pasos(); ++i)
+    p.push_back(d.Paso(i));
+  EXPECT_EQ(d.Paso(0) + d.Paso(-1) + d.Paso(d.Pasos() + 1), ""); // outside the range
+  if (c[0] != "traza") {
+    EXPECT_EQ(d.ErrNumber(), c[0] == "traza-apagada" ? 0 : NumeroError(std::stoi(c[2])));
+    EXPECT_EQ(p.empty() ? "-" : p.front(), c[0] == "traza-apagada" ? "-" : c[3]);
+    EXPECT_TRUE(p.empty() || p.back().ends_with(" = 0 -->")) << p.back();
+    return;
+  }
+  ASSERT_GE(p.size(), 4u);
+  EXPECT_TRUE(p.front().ends_with(" = 0 -->")) << p.front();
+  EXPECT_TRUE(p[p.size() - 2].ends_with(" = 0 -->")) << p[p.size() - 2];
+  for (std::size_t i = 1; i + 2 < p.size(); ++i)
+    EXPECT_TRUE(p[i].ends_with(" = ")) << p[i];
+  for (std::size_t i = 1; i + 1 < p.size(); ++i)
+    EXPECT_EQ(p[i].find('@'), std::string::npos) << p[i];
+  EXPECT_EQ(p.back(), "dy_dx = " + sinPasos.Derivar(c[1]));
+  EXPECT_EQ(derivada, sinPasos.Derivar(c[1]));
+}
+
 class Derivadas : public prueba::TablaDeCasos {};
 
 TEST_P(Derivadas, Casos) {
   const prueba::Caso& c = GetParam();
+  if (c[0].starts_with("traza")) return Traza(c);
   Derivada d = Motor(c[1]);
   ASSERT_EQ(d.ErrNumber(), 0) << d.ErrDesc();
   const std::string& tipo = c[0];

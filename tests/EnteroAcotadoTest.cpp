@@ -16,8 +16,7 @@ TEST_P(Enteros, Lectura) {
   const prueba::Caso& c = GetParam();
   const std::optional<int> esperado =
       c[3] == "(ninguno)" ? std::nullopt : std::optional<int>(std::stoi(c[3]));
-  EXPECT_EQ(EnteroAcotado(c[0] == "(vacío)" ? "" : c[0], std::stoi(c[1]), std::stoi(c[2])),
-            esperado);
+  EXPECT_EQ(EnteroAcotado(prueba::Texto(c[0]), std::stoi(c[1]), std::stoi(c[2])), esperado);
 }
 
 INSTANTIATE_TEST_SUITE_P(Casos, Enteros, prueba::Casos("enteros.txt"), prueba::NombreDeCaso);

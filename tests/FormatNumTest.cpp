@@ -16,9 +16,9 @@
 
 namespace {
 
-double Doble(const std::string& s) { return std::strtod(s.c_str(), nullptr); }
-std::string Texto(const std::string& campo) { return campo == "(vacío)" ? "" : campo; }
+using prueba::Texto;
 
+double Doble(const std::string& s) { return std::strtod(s.c_str(), nullptr); }
 class Formato : public prueba::TablaDeCasos {};
 
 TEST_P(Formato, Resultado) {

@@ -69,7 +69,7 @@ class Valores : public prueba::TablaDeCasos {};
 
 TEST_P(Valores, Caso) {
   const prueba::Caso& c = GetParam();
-  const std::string texto = c[1] == "(vacío)" ? "" : c[1];
+  const std::string texto = prueba::Texto(c[1]);
   const auto v = Evalua(texto, 1, 2);
   if (c[0] == "valor") {
     ASSERT_TRUE(v);

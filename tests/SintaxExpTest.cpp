@@ -41,7 +41,7 @@ class Sintaxis : public prueba::TablaDeCasos {};
 TEST_P(Sintaxis, TextoAceptadoORechazado) {
   static SintaxExp s; // one checker for every line, as the differentiation engine keeps its own
   const prueba::Caso& c = GetParam();
-  const std::string texto = c[2] == "(vacío)" ? "" : c[2];
+  const std::string texto = prueba::Texto(c[2]);
   const bool acepta = (s.*kComprobaciones.at(c[1]))(texto);
   if (c[0] == "acepta") {
     EXPECT_TRUE(acepta) << s.ErrDesc() << " at " << s.ErrCol();
