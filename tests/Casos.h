@@ -48,6 +48,27 @@ inline std::string Recorta(const std::string& s) {
 // A field that stands for a text: "(vacío)" is the empty one.
 inline std::string Texto(const std::string& campo) { return campo == "(vacío)" ? "" : campo; }
 
+// "c{n}" stands for n times the character c (one byte or one UTF-8
+// character), so that long texts stay readable.
+inline std::string Expande(const std::string& s) {
+  std::string out;
+  for (std::size_t i = 0; i < s.size(); ++i) {
+    const std::size_t fin = s.find('}', i);
+    if (s[i] == '{' && !out.empty() && fin != std::string::npos) {
+      std::size_t ini = out.size() - 1; // the last character may take several bytes
+      while (ini > 0 && (static_cast<unsigned char>(out[ini]) & 0xC0) == 0x80)
+        --ini;
+      const std::string car = out.substr(ini);
+      for (auto n = std::stoul(s.substr(i + 1, fin - i - 1)); n > 1; --n)
+        out += car;
+      i = fin;
+    } else {
+      out += s[i];
+    }
+  }
+  return out;
+}
+
 // The field's escapes undone.
 inline std::string Desescapa(const std::string& s) {
   std::string out;

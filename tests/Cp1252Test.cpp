@@ -43,6 +43,9 @@ TEST_P(PaginaDeCodigos, Caso) {
     }
   } else if (c[0] == "primer-ajeno") {
     EXPECT_EQ(PrimerCaracterAjeno(utf8), Texto(c[2]));
+  } else if (c[0] == "mayusculas") {
+    EXPECT_EQ(Cp1252AUtf8(EnMayusculas(Utf8ACp1252(utf8))), c[2]);
+    EXPECT_EQ(Cp1252AUtf8(EnMinusculas(Utf8ACp1252(c[2]))), utf8);
   } else {
     ASSERT_EQ(c[0], "longitud");
     EXPECT_EQ(LongitudUtf8(utf8), std::stoi(c[2]));

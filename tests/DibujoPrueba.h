@@ -8,29 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "Casos.h"
 #include "editor/Editor.h"
 #include "lang/Cp1252.h"
 
 namespace prueba {
-
-inline std::string Expande(const std::string& s) {
-  std::string out;
-  for (std::size_t i = 0; i < s.size(); ++i) {
-    const std::size_t fin = s.find('}', i);
-    if (s[i] == '{' && !out.empty() && fin != std::string::npos) {
-      std::size_t ini = out.size() - 1; // the last character may take several bytes
-      while (ini > 0 && (static_cast<unsigned char>(out[ini]) & 0xC0) == 0x80)
-        --ini;
-      const std::string car = out.substr(ini);
-      for (auto n = std::stoul(s.substr(i + 1, fin - i - 1)); n > 1; --n)
-        out += car;
-      i = fin;
-    } else {
-      out += s[i];
-    }
-  }
-  return out;
-}
 
 // Loads a picture: its characters as the rows hold them, one byte each (the
 // marks are ASCII); the cursor is at "]" when not drawn.

@@ -41,12 +41,12 @@ class Sintaxis : public prueba::TablaDeCasos {};
 TEST_P(Sintaxis, TextoAceptadoORechazado) {
   static SintaxExp s; // one checker for every line, as the differentiation engine keeps its own
   const prueba::Caso& c = GetParam();
-  const std::string texto = prueba::Texto(c[2]);
+  const std::string texto = prueba::Expande(prueba::Texto(c[2]));
   const bool acepta = (s.*kComprobaciones.at(c[1]))(texto);
   if (c[0] == "acepta") {
     EXPECT_TRUE(acepta) << s.ErrDesc() << " at " << s.ErrCol();
     EXPECT_EQ(s.ErrNumber(), 0);
-    EXPECT_EQ(s.Expr(), c[3]);
+    EXPECT_EQ(s.Expr(), prueba::Expande(c[3]));
   } else {
     ASSERT_EQ(c[0], "rechaza");
     EXPECT_FALSE(acepta) << "Expr " << s.Expr();
