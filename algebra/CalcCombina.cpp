@@ -78,12 +78,10 @@ template <class Factores> std::string ClaveLiteral(const Factores& lit) {
 
 bool MotorCalc::EsIgual(std::string_view a, std::string_view b) {
   if (IgualSinMayusculas(a, b)) return true;
-  const Escaneo ea = Escanea(a), eb = Escanea(b);
-  std::string_view na, da, nb, db;
-  const bool fa = Fraccion(ea, na, da), fb = Fraccion(eb, nb, db);
-  if (fa != fb) return false;
-  if (fa) return EsIgual(na, nb) && EsIgual(da, db);
-  const auto ta = Terminos(ea), tb = Terminos(eb);
+  // The quotient rules take fractions apart before they compare: a quotient
+  // that reaches here is a factor in parentheses, compared by its text as any
+  // factor is.
+  const auto ta = Terminos(Escanea(a)), tb = Terminos(Escanea(b));
   if (ta.size() != tb.size()) return false;
   std::vector<bool> usado(tb.size(), false);
   for (const Termino& t : ta) {
