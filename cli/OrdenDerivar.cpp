@@ -3,15 +3,19 @@
 // editor's own file layer, so it is read exactly as Abrir reads it, and
 // --escribir appends the result and saves as Derivar followed by Guardar.
 
+#include <algorithm>
 #include <iostream>
 #include <optional>
 #include <sstream>
+#include <thread>
 
+#include "cli/Lote.h"
 #include "cli/Opciones.h"
 #include "cli/Ordenes.h"
 #include "commands/OrdenDerivar.h"
 #include "files/ArchivoDocumento.h"
 #include "lang/Cp1252.h"
+#include "lang/EnteroAcotado.h"
 
 namespace {
 
@@ -19,11 +23,12 @@ const std::vector<Opcion> kOpciones = {
     {"--archivo", "-f", true}, {"--vd", "", true}, {"--vi", "", true},
     {"--cifras", "", true},    {"--escribir"},     {"--pasos"},
     {"--fracciones"},          {"--decimales"},    {"--lote"},
+    {"--hilos", "-j", true},
 };
 
 struct OpcionesDerivar {
   std::optional<std::string> archivo, ecuacion;
-  std::string vd = "y", vi = "x", cifras = "5";
+  std::string vd = "y", vi = "x", cifras = "5", hilos;
   bool escribir = false, pasos = false, fracciones = true, lote = false;
 };
 
@@ -39,6 +44,14 @@ void Aplica(const OpcionDada& dada, OpcionesDerivar& o) {
   if (n == "--pasos") o.pasos = true;
   if (n == "--fracciones" || n == "--decimales") o.fracciones = n == "--fracciones";
   if (n == "--lote") o.lote = true;
+  if (n == "--hilos") o.hilos = dada.valor;
+}
+
+// Threads of a batch: as many as the machine has cores, or those asked for.
+constexpr int kMaxHilos = 256;
+int Hilos(const std::string& pedidos) {
+  if (!pedidos.empty()) return EnteroAcotado(pedidos, 1, kMaxHilos).value_or(0);
+  return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, 64u));
 }
 
 // The options and their combinations; "" or the usage error.
@@ -54,37 +67,12 @@ std::string LeeOpciones(const Argumentos& args, OpcionesDerivar& o) {
   if (const auto fallo = CompruebaConfig(o.cifras, o.vd, o.vi)) return fallo->mensaje;
   if (o.escribir && !o.archivo) return "--escribir necesita -f ARCHIVO";
   if (o.ecuacion && o.archivo) return "dé una ECUACIÓN o -f ARCHIVO, no ambos";
-  if (o.lote && (o.ecuacion || o.archivo || o.pasos))
-    return "--lote lee las ecuaciones de la entrada estándar, sin --pasos";
+  if (o.lote && (o.ecuacion || o.archivo || o.escribir))
+    return "--lote lee las ecuaciones de la entrada estándar y escribe en la salida";
+  if (!o.hilos.empty() && !o.lote) return "--hilos sólo sirve con --lote";
+  if (!o.hilos.empty() && Hilos(o.hilos) < 1)
+    return "--hilos espera un número de 1 a " + std::to_string(kMaxHilos);
   return {};
-}
-
-// A batch line is an equation, as the ECUACIÓN argument is, not a document
-// row: text typed at a terminal (UTF-8), or a line of a Windows-1252 file.
-std::string EcuacionDeLote(const std::string& linea) {
-  return EsUtf8Valido(linea) ? linea : Cp1252AUtf8(linea);
-}
-
-// One line read, one line written; reading the next line flushes the answer,
-// so that a script may hold a conversation with the tool.
-int Lote(const ConfigDerivacion& config) {
-  int salida = kSalidaBien;
-  std::string linea;
-  while (std::getline(std::cin, linea)) {
-    if (!linea.empty() && linea.back() == '\r') linea.pop_back();
-    if (linea.empty()) {
-      std::cout << '\n';
-      continue;
-    }
-    const SalidaDerivar r = DerivadaEnUnaLinea(EcuacionDeLote(linea), config);
-    if (r.ErrNumber != 0) {
-      std::cout << "ERROR: " << r.ErrDesc << '\n';
-      salida = kSalidaRechazo;
-    } else {
-      std::cout << r.Texto() << '\n';
-    }
-  }
-  return salida;
 }
 
 // The document of -f, or of standard input, loaded into `editor` as Abrir
@@ -125,7 +113,7 @@ int OrdenDerivar(const Argumentos& args) {
   OpcionesDerivar o;
   if (const std::string error = LeeOpciones(args, o); !error.empty()) return ErrorDeUso(error);
   const ConfigDerivacion config = AceptaConfig(o.cifras, o.vd, o.vi, o.fracciones);
-  if (o.lote) return Lote(config);
+  if (o.lote) return Lote(config, o.pasos, Hilos(o.hilos));
 
   Editor editor;
   EstadoArchivo estado;

@@ -105,10 +105,22 @@ std::string PartePorLineas(const std::string& texto, int usado, int ancho) {
   return Cp1252AUtf8(out);
 }
 
+MotorDerivar::MotorDerivar() : d_(std::make_unique<Derivada>()) {}
+MotorDerivar::~MotorDerivar() = default;
+
 SalidaDerivar EjecutaDerivar(const std::string& documento, const ConfigDerivacion& config,
                              bool pasoAPaso) {
+  return MotorDerivar().Ejecuta(documento, config, pasoAPaso);
+}
+
+SalidaDerivar DerivadaEnUnaLinea(const std::string& ecuacion, const ConfigDerivacion& config) {
+  return MotorDerivar().EnUnaLinea(ecuacion, config);
+}
+
+SalidaDerivar MotorDerivar::Ejecuta(const std::string& documento, const ConfigDerivacion& config,
+                                    bool pasoAPaso) {
   SalidaDerivar salida;
-  Derivada d;
+  Derivada& d = *d_;
   d.PasToPas(pasoAPaso);
   std::string resultado;
   if (!Deriva(d, documento, config, resultado, salida)) return salida;
@@ -127,10 +139,15 @@ SalidaDerivar EjecutaDerivar(const std::string& documento, const ConfigDerivacio
   return salida;
 }
 
-SalidaDerivar DerivadaEnUnaLinea(const std::string& ecuacion, const ConfigDerivacion& config) {
+SalidaDerivar MotorDerivar::EnUnaLinea(const std::string& ecuacion, const ConfigDerivacion& config,
+                                       bool pasos) {
   SalidaDerivar salida;
-  Derivada d;
+  Derivada& d = *d_;
+  d.PasToPas(pasos);
   std::string resultado;
-  if (Deriva(d, ecuacion, config, resultado, salida)) salida.piezas = {Formatea(resultado, config)};
+  const bool bien = Deriva(d, ecuacion, config, resultado, salida);
+  for (int i = 1; pasos && i <= d.Pasos(); ++i)
+    salida.piezas.push_back(d.Paso(i));
+  if (bien) salida.piezas.push_back(Formatea(resultado, config));
   return salida;
 }

@@ -5,6 +5,7 @@
 // prints or appends them.
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,13 +23,34 @@ struct SalidaDerivar {
   std::string Texto() const; // the pieces joined
 };
 
-// Runs Derivar (pasoAPaso false) or DerivarPP (true) on the whole document,
-// rows joined by "\r\n", with the given settings.
+class Derivada;
+
+// One differentiation engine for many derivations: a batch run or an editor
+// session builds it once, instead of its checker and calculator each time.
+class MotorDerivar {
+public:
+  MotorDerivar();
+  ~MotorDerivar();
+  MotorDerivar(const MotorDerivar&) = delete;
+  MotorDerivar& operator=(const MotorDerivar&) = delete;
+
+  // Derivar (pasoAPaso false) or DerivarPP (true) on the whole document,
+  // rows joined by "\r\n", with the given settings.
+  SalidaDerivar Ejecuta(const std::string& documento, const ConfigDerivacion& config,
+                        bool pasoAPaso);
+  // The formatted derivative alone, on one line (no piece and the error on
+  // failure), for batch use. With `pasos` the steps come first, a piece
+  // each as the engine wrote them, those before a failure too.
+  SalidaDerivar EnUnaLinea(const std::string& ecuacion, const ConfigDerivacion& config,
+                           bool pasos = false);
+
+private:
+  std::unique_ptr<Derivada> d_;
+};
+
+// The same, each on an engine of its own.
 SalidaDerivar EjecutaDerivar(const std::string& documento, const ConfigDerivacion& config,
                              bool pasoAPaso);
-
-// The formatted derivative alone, on one line ("" and the error on failure),
-// for batch use.
 SalidaDerivar DerivadaEnUnaLinea(const std::string& ecuacion, const ConfigDerivacion& config);
 
 // Breaks a text between tokens into lines of at most `ancho` characters
