@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <iostream>
 #include <memory>
@@ -115,12 +116,12 @@ int Lote(const ConfigDerivacion& config, bool pasos, int hilos) {
   while (lector.Tanda(lineas)) {
     respuestas.assign(lineas.size(), "");
     std::vector<char> bien(lineas.size(), 1);
-    // Consecutive shares, one a thread; a short batch keeps to one thread.
+    // Each thread takes the next line not yet taken: one long equation does
+    // not hold up the lines behind it.
     const std::size_t partes = std::min(motores.size(), lineas.size());
+    std::atomic<std::size_t> siguiente{0};
     const auto trabaja = [&](std::size_t parte) {
-      const std::size_t desde = lineas.size() * parte / partes,
-                        hasta = lineas.size() * (parte + 1) / partes;
-      for (std::size_t i = desde; i < hasta; ++i)
+      for (std::size_t i; (i = siguiente.fetch_add(1)) < lineas.size();)
         bien[i] = Responde(*motores[parte], lineas[i], config, pasos, respuestas[i]);
     };
     std::vector<std::thread> trabajadores;
