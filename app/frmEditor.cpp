@@ -551,7 +551,7 @@ void frmEditor::Deriva(bool pasoAPaso) {
   const int ultima = doc.NumFilas() - 1;
   doc.QuitaSeleccion();
   doc.MueveCursor(ultima, doc.LongFila(ultima));
-  const SalidaDerivar salida = EjecutaDerivar(doc.TextoDocumento(), config_->Config(), pasoAPaso);
+  const SalidaDerivar salida = motor_.Ejecuta(doc.TextoDocumento(), config_->Config(), pasoAPaso);
   if (salida.ErrNumber != 0) {
     if (salida.ErrLin != -1) doc.SelectText(salida.ErrLin, salida.ErrCol, salida.ErrLen);
     picEdit_->Actualiza();

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 
+#include "commands/OrdenDerivar.h"
 #include "editor/AlmacenAjustes.h"
 #include "editor/Buscador.h"
 #include "editor/Editor.h"
@@ -103,6 +104,7 @@ private:
   EstadoArchivo archivo_;
   Presentacion presentacion_;
   Buscador buscador_;
+  MotorDerivar motor_; // one engine for the whole session
   VistaEditor* picEdit_ = nullptr;
   frmConfig* config_ = nullptr;
   VentanaAyuda* ayuda_ = nullptr;
