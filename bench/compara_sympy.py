@@ -13,13 +13,15 @@ for an implicit F(x, y) = G(x, y), -H_x/H_y with H = F - G; nothing is
 simplified. Reading the equation is not timed on SymPy's side (Mirkal's
 time includes its own reading). SymPy's cache is cleared before each
 derivative, so that a repetition is not a lookup. A row that takes SymPy
-longer than the limit (60 s by default) is shown as such.
+longer than the limit (60 s by default), or on which SymPy fails, is shown as
+such.
 """
 import json
 import re
-import signal
+import multiprocessing
 import subprocess
 import sys
+import threading
 import time
 
 import sympy
@@ -38,31 +40,65 @@ FUNCIONES = {
 X, Y = sympy.symbols("x y")
 
 TOKEN = re.compile(r"\s*(?:(\d+\.?\d*|\.\d+)(?:[eEdD]([+-]?\d+))?|([A-Za-z_]\w*)|(\S))")
-
-
-def a_python(texto):
-    """The equation's side in Python syntax: "^" is "**", names are mapped."""
-    out = []
-    for numero, exponente, nombre, otro in TOKEN.findall(texto):
-        if numero:
-            out.append("(%s%s)" % (numero, "e" + exponente if exponente else ""))
-        elif nombre:
-            n = nombre.lower()
-            out.append("F_" + n if n in FUNCIONES else
-                       {"pi": "pi", "e": "E"}.get(n, n))
-        else:
-            out.append({"^": "**", "\u00b7": "*"}.get(otro, otro))
-    return "".join(out)
+# Binding strength: a leading sign binds looser than "^" and tighter than
+# "*", while an exponent's own sign (x^-2) binds tightest; "^" groups from
+# the left, as in the language (a^b^c is (a^b)^c).
+FUERZA = {"+": 1, "-": 1, "*": 2, "/": 2, "neg": 3, "pos": 3, "^": 4, "negexp": 5, "posexp": 5}
 
 
 def lee(texto):
-    nombres = {"F_" + k: v for k, v in FUNCIONES.items()}
-    nombres.update({"pi": sympy.pi, "E": sympy.E, "x": X, "y": Y})
-    return sympy.sympify(a_python(texto), locals=nombres, rational=False)
+    """A side of an equation as a SymPy expression. Read without recursion,
+    so that a nest of a thousand parentheses is no problem."""
+    valores, ops = [], []
 
+    def aplica():
+        op = ops.pop()
+        if op in ("neg", "pos", "negexp", "posexp"):
+            v = valores.pop()
+            valores.append(-v if op.startswith("neg") else v)
+            return
+        b, a = valores.pop(), valores.pop()
+        valores.append({"+": lambda: a + b, "-": lambda: a - b, "*": lambda: a * b,
+                        "/": lambda: a / b, "^": lambda: a ** b}[op]())
 
-class Agotado(Exception):
-    pass
+    espera_valor = True
+    for numero, exponente, nombre, otro in TOKEN.findall(texto):
+        if numero:
+            valores.append(sympy.Float(numero + ("e" + exponente if exponente else ""))
+                           if "." in numero or exponente else sympy.Integer(numero))
+            espera_valor = False
+        elif nombre:
+            n = nombre.lower()
+            if n in FUNCIONES:
+                ops.append(("funcion", FUNCIONES[n]))
+            else:
+                valores.append({"pi": sympy.pi, "e": sympy.E, "x": X, "y": Y}.get(n)
+                               or sympy.Symbol(n))
+                espera_valor = False
+        elif otro == "(":
+            ops.append("(")
+            espera_valor = True
+        elif otro == ")":
+            while ops[-1] != "(":
+                aplica()
+            ops.pop()
+            if ops and isinstance(ops[-1], tuple):
+                valores.append(ops.pop()[1](valores.pop()))
+            espera_valor = False
+        else:
+            op = {"\u00b7": "*"}.get(otro, otro)
+            if espera_valor:
+                signo = "neg" if op == "-" else "pos"
+                ops.append(signo + "exp" if ops and ops[-1] in ("^", "negexp", "posexp") else signo)
+                continue
+            while (ops and ops[-1] in FUERZA and
+                   FUERZA[ops[-1]] >= FUERZA[op] and not (op == "^" and ops[-1] in ("neg", "pos"))):
+                aplica()
+            ops.append(op)
+            espera_valor = True
+    while ops:
+        aplica()
+    return valores[0]
 
 
 def deriva(izq, der):
@@ -73,19 +109,10 @@ def deriva(izq, der):
     return -sympy.diff(h, X) / sympy.diff(h, Y)
 
 
-def tiempo_sympy(ecuaciones, limite):
-    """Seconds for one equation, on average; None past the limit."""
-    lados = []
-    for e in ecuaciones:
-        izq, der = e.split("=", 1)
-        lados.append((lee(izq), lee(der)))
-
-    def alarma(*_):
-        raise Agotado()
-
-    signal.signal(signal.SIGALRM, alarma)
-    signal.alarm(int(limite))
+def mide_aqui(ecuaciones):
+    """Seconds for one equation, on average; None when SymPy fails."""
     try:
+        lados = [tuple(lee(lado) for lado in e.split("=", 1)) for e in ecuaciones]
         vueltas, inicio = 0, time.process_time()
         while True:
             for izq, der in lados:
@@ -94,10 +121,32 @@ def tiempo_sympy(ecuaciones, limite):
             gastado = time.process_time() - inicio
             if gastado >= 0.5 or vueltas >= 200:
                 return gastado / (vueltas * len(lados))
-    except (Agotado, RecursionError):
+    except (RecursionError, MemoryError):
         return None
-    finally:
-        signal.alarm(0)
+
+
+def hijo(ecuaciones, tubo):
+    # Deep expressions recurse deeply inside SymPy: a thread with a large
+    # stack, and a recursion limit to match.
+    sys.setrecursionlimit(1000000)
+    threading.stack_size(1 << 30)
+    resultado = []
+    t = threading.Thread(target=lambda: resultado.append(mide_aqui(ecuaciones)))
+    t.start()
+    t.join()
+    tubo.send(resultado[0] if resultado else None)
+
+
+def tiempo_sympy(ecuaciones, limite):
+    """SymPy's time for one equation, in a process of its own that is
+    stopped past the limit: None then, or when SymPy fails."""
+    recibe, envia = multiprocessing.Pipe(duplex=False)
+    proceso = multiprocessing.Process(target=hijo, args=(ecuaciones, envia))
+    proceso.start()
+    resultado = recibe.recv() if recibe.poll(limite) else None
+    proceso.kill()
+    proceso.join()
+    return resultado
 
 
 def main():
@@ -131,10 +180,11 @@ def main():
     for nombre, ecuaciones in filas.items():
         m, errores = mirkal[nombre]
         s = tiempo_sympy(ecuaciones, limite)
-        nota = "  (%d con error)" % errores if errores else ""
+        # A refusal is no answer: its time is shown, not compared.
+        nota = "  (%d rechazadas)" % errores if errores else ""
         print("%-16s %14s %14s %10s%s" % (
-            nombre, mide(m), mide(s) if s is not None else "> %g s" % limite,
-            "%.1f" % (s / m) if s is not None else "-", nota))
+            nombre, mide(m), mide(s) if s is not None else "> %g s o falla" % limite,
+            "%.1f" % (s / m) if s is not None and not errores else "-", nota))
 
 
 def mide(segundos):
