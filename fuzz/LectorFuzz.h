@@ -1,28 +1,30 @@
 #pragma once
-// Shared by the fuzz targets: the input read as a stream of small decisions
-// and texts, and the check that stops the run with a readable message when a
-// property fails (libFuzzer then keeps the input as a reproducer).
+// Shared by the fuzz programs: the input read as a stream of small decisions
+// and texts, the check that stops the run with a readable message when a
+// property fails (libFuzzer then keeps the input as a reproducer), and the
+// standard headers they have in common.
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string>
+#include <vector>
 
 #include "lang/Aviso.h"
 
 class LectorFuzz {
 public:
-  // An input is cut past 512 KiB, so that a target run by hand on a large
-  // file still ends. libFuzzer is told a far smaller length (scripts/fuzz);
-  // this one lets the replay try the long seeds: lines past the 16-bit
-  // range, deep nesting.
-  LectorFuzz(const std::uint8_t* datos, std::size_t n) : datos_(datos), n_(std::min(n, kMax)) {}
+  // Cut past 512 KiB, so that a run by hand on a large file ends; the replay
+  // tries the long seeds (libFuzzer is told far less, scripts/fuzz).
+  LectorFuzz(const std::uint8_t* datos, std::size_t n)
+      : resto_(reinterpret_cast<const char*>(datos), std::min<std::size_t>(n, 1 << 19)) {}
 
-  bool Agotado() const { return pos_ >= n_; }
+  bool Agotado() const { return resto_.empty(); }
   // One byte; 0 once the input is used up, so that every input is complete.
-  std::uint8_t Byte() { return pos_ < n_ ? datos_[pos_++] : 0; }
+  std::uint8_t Byte() { return Agotado() ? 0 : static_cast<std::uint8_t>(Texto(1)[0]); }
   bool Bit() { return (Byte() & 1) != 0; }
   // A value in [minimo, maximo] from one byte, or two (high first).
   int Entre(int minimo, int maximo) {
@@ -36,30 +38,25 @@ public:
   }
   // Any double, infinities and NaNs included: its eight bytes as they come.
   double Doble() {
-    std::uint8_t b[sizeof(double)];
-    for (auto& x : b)
-      x = Byte();
-    double d;
-    std::memcpy(&d, b, sizeof d);
-    return d;
+    std::array<char, sizeof(double)> b{};
+    Texto(b.size()).copy(b.data(), b.size());
+    return std::bit_cast<double>(b);
   }
   // Up to `n` bytes; TextoCorto's length comes first, in one byte.
   std::string Texto(std::size_t n) {
-    n = std::min(n, n_ - pos_);
-    pos_ += n;
-    return std::string(reinterpret_cast<const char*>(datos_ + pos_ - n), n);
+    const std::string_view t = resto_.substr(0, n);
+    resto_.remove_prefix(t.size());
+    return std::string(t);
   }
   std::string TextoCorto(std::size_t maximo) { return Texto(Byte() % (maximo + 1)); }
-  std::string Resto() { return Texto(n_ - pos_); }
+  std::string Resto() { return Texto(resto_.size()); }
 
 private:
-  static constexpr std::size_t kMax = 1 << 19;
-  const std::uint8_t* datos_;
-  std::size_t n_, pos_ = 0;
+  std::string_view resto_;
 };
 
 // A text with its control and non-ASCII bytes as \xNN, for messages.
-inline std::string Visible(const std::string& s) {
+inline std::string Visible(std::string_view s) {
   std::string r;
   char hex[8];
   for (const unsigned char c : s)
@@ -67,25 +64,16 @@ inline std::string Visible(const std::string& s) {
                                             : (std::snprintf(hex, sizeof hex, "\\x%02X", c), hex);
   return r;
 }
+inline std::string En(std::string_view s) { return " en «" + Visible(s) + "»"; }
 
-// Checks a property of the engine under test; `detalle` is built only when
-// it fails.
-#define EXIGE(condicion, detalle)                                                                  \
-  do {                                                                                             \
-    if (!(condicion)) {                                                                            \
-      std::fprintf(stderr, "\n%s:%d: no se cumple %s\n  %s\n", __FILE__, __LINE__, #condicion,     \
-                   std::string(detalle).c_str());                                                  \
-      std::abort();                                                                                \
-    }                                                                                              \
-  } while (0)
-
-// The engines' programmer warnings would flood the fuzzer's output; they
-// are counted instead, for the targets that check them.
-inline int& AvisosFuzz() {
-  static int cuenta = 0;
-  return cuenta;
+// Checks a property; the optional detail, the case it failed on, is built only then.
+#define EXIGE(condicion, ...)                                                                      \
+  ((condicion) ? void() : Falla(__FILE__, __LINE__, #condicion, std::string(__VA_ARGS__)))
+[[noreturn]] inline void Falla(const char* fuente, int linea, const char* que, std::string caso) {
+  std::fprintf(stderr, "\n%s:%d: no se cumple %s\n  %s\n", fuente, linea, que, caso.c_str());
+  std::abort();
 }
 
-inline void CuentaAvisos() {
-  FijaManejadorAviso([](const std::string&, const std::string&) { ++AvisosFuzz(); });
-}
+// The engines' programmer warnings, counted instead of flooding the fuzzer's output.
+inline int avisosFuzz = 0;
+inline const bool kAvisosContados = (FijaManejadorAviso([](auto&, auto&) { ++avisosFuzz; }), true);

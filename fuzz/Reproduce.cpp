@@ -6,72 +6,39 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
-#include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
-#include <vector>
+
+#include "LectorFuzz.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam);
-// Defined only by the targets that need to set something up first.
-extern "C" __attribute__((weak)) int LLVMFuzzerInitialize(int* argc, char*** argv);
-
-// Present when a sanitizer's runtime is linked in: it calls back before it
-// ends the run.
+// Present when a sanitizer's runtime is linked in, to call back as it ends the run.
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*)());
 
-namespace {
-
-std::string enCurso; // the seed being replayed
+static std::string enCurso; // the line that names the seed being replayed
 
 // Without allocating: the run may be dying inside the allocator.
-void NombraSemilla() {
-  const char titulo[] = "\nsemilla que falla: ";
-  [[maybe_unused]] auto n = write(STDERR_FILENO, titulo, sizeof titulo - 1);
-  n = write(STDERR_FILENO, enCurso.data(), enCurso.size());
-  n = write(STDERR_FILENO, "\n", 1);
+static void NombraSemilla() {
+  [[maybe_unused]] const auto n = write(STDERR_FILENO, enCurso.data(), enCurso.size());
 }
-
-void AlAbortar(int senal) {
-  NombraSemilla();
-  std::signal(senal, SIG_DFL);
-  std::raise(senal);
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
   if (__sanitizer_set_death_callback != nullptr) __sanitizer_set_death_callback(NombraSemilla);
-  std::signal(SIGABRT, AlAbortar);
-  if (LLVMFuzzerInitialize != nullptr) LLVMFuzzerInitialize(&argc, &argv);
+  std::signal(SIGABRT, [](int) { NombraSemilla(); }); // abort() then ends the run
   std::vector<std::filesystem::path> archivos;
-  for (int i = 1; i < argc; ++i) {
-    const std::filesystem::path ruta = argv[i];
-    if (!std::filesystem::is_directory(ruta)) {
-      std::fprintf(stderr, "%s no es una carpeta\n", argv[i]);
-      return 2;
-    }
-    for (const auto& e : std::filesystem::directory_iterator(ruta))
+  for (int i = 1; i < argc; ++i) // a folder that is not there throws, and ends the run
+    for (const auto& e : std::filesystem::directory_iterator(argv[i]))
       if (e.is_regular_file()) archivos.push_back(e.path());
-  }
-  // In name order, so that two runs replay the same sequence.
-  std::sort(archivos.begin(), archivos.end());
-  if (archivos.empty()) {
-    std::fprintf(stderr, "ninguna semilla que reproducir\n");
-    return 2;
-  }
+  if (archivos.empty()) return std::fprintf(stderr, "ninguna semilla que reproducir\n"), 2;
+  std::sort(archivos.begin(), archivos.end()); // every run replays the same sequence
   for (const auto& ruta : archivos) {
-    enCurso = ruta.string();
+    enCurso = "\nsemilla que falla: " + ruta.string() + "\n";
     std::ifstream f(ruta, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
     // A copy of its own, so that reading past the end shows as an overflow.
-    const std::vector<std::uint8_t> datos(bytes.begin(), bytes.end());
+    const std::vector<std::uint8_t> datos((std::istreambuf_iterator<char>(f)), {});
     LLVMFuzzerTestOneInput(datos.data(), datos.size());
   }
   std::printf("%zu semillas sin fallos\n", archivos.size());
-  return 0;
 }

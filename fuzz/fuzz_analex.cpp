@@ -5,11 +5,7 @@
 // with distinct class codes each token is what its class says it is.
 // Looking ahead and Restaura leave no trace.
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
 #include <map>
-#include <string>
 
 #include "LectorFuzz.h"
 #include "lang/AnaLex.h"
@@ -17,154 +13,105 @@
 #include "lang/Cp1252.h"
 #include "lang/Vocabulario.h"
 
-namespace {
-
-// The language's operators, a longer one, and some the lexer must refuse.
+// The language's operators, a longer one, and some the lexer must refuse;
+// keywords besides the function names: a variable, and some bad ones.
 const std::array<const char*, 24> kOperadores = {
     "+",  "-",  "*",  "\xC2\xB7", "/", "^", "(",  ")", "=",  ">=", "=>", "<=",
     "=<", "<>", "><", "-->",      "<", ">", "+a", "'", "\"", "_",  "",   "a"};
-// Keywords besides the function names: a variable, and some bad ones.
 const std::array<const char*, 10> kPalabrasExtra = {"pi", "e",  "x",   "a_1",       "",
                                                     "1a", "_a", "a b", "a\xC3\xB1", "\xC3\xB1"};
-
-struct Estado {
-  int ptr, lin, col, ult, cls, largo;
-  bool operator==(const Estado&) const = default;
-};
-
-Estado Foto(const AnaLex& l) {
-  return {l.PtrBuffer(), l.Lin(), l.Col(), l.UltInd(), l.IndCls(), l.LongLex()};
-}
-
-std::string SinBlancos(std::string_view s) {
-  std::string r;
-  for (const char c : s)
-    if (c != ' ' && c != '\t') r += c;
-  return r;
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  CuentaAvisos();
-  return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam) {
   LectorFuzz in(datos, tam);
   const std::uint8_t opciones = in.Byte();
-  const bool ignCom = opciones & 2, comoUtf8 = opciones & 8, mirar = opciones & 16,
-             distintas = opciones & 128;
+  const bool mirar = opciones & 16, distintas = opciones & 128;
   AnaLex lex;
+  // All the analyser tells of where it stands, the position first.
+  const auto foto = [&] {
+    return std::array{lex.PtrBuffer(), lex.Lin(),    lex.Col(),
+                      lex.UltInd(),    lex.IndCls(), lex.LongLex()};
+  };
   lex.IgnFL(opciones & 1);
-  lex.IgnCom(ignCom);
+  lex.IgnCom(opciones & 2);
   lex.PuntoDec(opciones & 4 ? "," : ".");
   if (opciones & 32) lex.PuntoDec(in.TextoCorto(2)); // anything but "." and "," is ignored
   const char separador = lex.PuntoDec() == "44" ? ',' : '.';
-  const Estado inicial = Foto(lex);
-  if (opciones & 64) lex.Restaura(); // with nothing saved: a warning and no change
-  EXIGE(Foto(lex) == inicial, "Restaura sin nada guardado cambia el estado");
+  const auto inicial = foto();
+  if (opciones & 64) lex.Restaura(), EXIGE(foto() == inicial); // nothing saved: no change
+  // Class codes all distinct, so that IndCls tells the class, or small ones that may coincide.
+  const auto clase = [&](int i) { return distintas ? i * 32 + in.Byte() % 32 : in.Byte() % 16; };
+  lex.IndCom(clase(0)), lex.IndCad(clase(1)), lex.IndNum(clase(2)), lex.IndId(clase(3));
+  lex.IndPC(clase(4)), lex.IndOpr(clase(5)), lex.IndFL(clase(6)), lex.IndFA(clase(7));
+  lex.IndDesc(clase(8));
 
-  // Class codes all distinct, so that IndCls tells the class, or small ones
-  // that classes share with each other and with the vocabulary.
-  std::array<int, 9> k{};
-  for (std::size_t i = 0; i < k.size(); ++i)
-    k[i] = distintas ? static_cast<int>(i) * 32 + in.Byte() % 32 : in.Byte() % 16;
-  lex.IndCom(k[0]), lex.IndCad(k[1]), lex.IndNum(k[2]), lex.IndId(k[3]), lex.IndPC(k[4]);
-  lex.IndOpr(k[5]), lex.IndFL(k[6]), lex.IndFA(k[7]), lex.IndDesc(k[8]);
-
-  // Keywords (in lower case) and operators; the accepted ones gave no warning.
+  // Keywords (in lower case) and operators: accepted without a warning, refused a second time.
   std::map<std::string, int> palabras, operadores;
   for (int n = in.Byte() % 24; n > 0; --n) {
-    const std::uint8_t b = in.Byte();
+    const int b = in.Byte(), codigo = in.Byte() % 64, avisos = avisosFuzz;
     const bool palabra = b & 1;
-    const int codigo = in.Byte() % 64;
     const std::string texto = b & 2      ? in.TextoCorto(4)
                               : !palabra ? kOperadores[(b >> 2) % kOperadores.size()]
                               : (b >> 2) % 2
                                   ? kPalabrasExtra[(b >> 3) % kPalabrasExtra.size()]
                                   : std::string(kFunciones[(b >> 3) % kFunciones.size()]);
-    const int avisos = AvisosFuzz();
-    palabra ? lex.AñadePC(codigo, texto) : lex.AñadeOpr(codigo, texto);
-    if (AvisosFuzz() != avisos) continue;
+    const auto anade = [&](int c) { palabra ? lex.AñadePC(c, texto) : lex.AñadeOpr(c, texto); };
+    anade(codigo);
+    if (avisosFuzz != avisos) continue;
     const std::string bytes = Utf8ACp1252(texto);
     (palabra ? palabras[EnMinusculas(bytes)] : operadores[bytes]) = codigo;
-    if (b & 4) palabra ? lex.AñadePC(codigo + 1, texto) : lex.AñadeOpr(codigo + 1, texto);
-    EXIGE(AvisosFuzz() == avisos + (b & 4 ? 1 : 0), "registrar dos veces " + Visible(bytes));
+    if (b & 4) anade(codigo + 1);
+    EXIGE(avisosFuzz == avisos + (b & 4 ? 1 : 0), Visible(bytes));
   }
 
   const int mirado = in.Byte() % 64;
-  const std::string texto = in.Resto();
-  const std::string buf = comoUtf8 ? Utf8ACp1252(texto) : texto;
-  comoUtf8 ? lex.Buffer(texto) : lex.BufferBytes(texto);
-  const int n = static_cast<int>(buf.size());
+  const std::string texto = in.Resto(), buf = opciones & 8 ? Utf8ACp1252(texto) : texto;
+  opciones & 8 ? lex.Buffer(texto) : lex.BufferBytes(texto);
+  const auto caso = [&] { return std::to_string(lex.PtrBuffer()) + En(buf); };
   int lineas = 0, inicio = 0, leido = 0; // the ends of line passed, where the line began
-
+  // Every token but the last moves on, so the loop ends.
   for (int tokens = 0;; ++tokens) {
-    EXIGE(tokens <= n + 1, "más tokens que caracteres en " + Visible(buf));
-    const Estado antes = Foto(lex);
+    const auto antes = foto();
     const int otro = (mirado + tokens) % 64;
-    if (mirar) lex.VieneToken(otro), lex.VieneIndCls(otro);
-    EXIGE(Foto(lex) == antes, "mirar adelante mueve el analizador");
+    if (mirar) lex.VieneToken(otro), lex.VieneIndCls(otro), EXIGE(foto() == antes, caso());
     const int codigo = lex.SgtToken();
-    const Estado despues = Foto(lex);
-    EXIGE(codigo == lex.UltInd(), "SgtToken no devuelve UltInd");
+    const auto despues = foto();
+    EXIGE(codigo == lex.UltInd(), caso());
     if (mirar) {
       lex.Restaura();
-      EXIGE(Foto(lex) == antes && lex.VieneToken(codigo) && lex.AvanzaToken(codigo) &&
-                Foto(lex) == despues,
-            "volver atrás y leer de nuevo da otro token");
+      EXIGE(foto() == antes && lex.VieneToken(codigo) && lex.AvanzaToken(codigo), caso());
+      EXIGE(foto() == despues, caso());
       lex.Restaura();
-      EXIGE(codigo == otro || (!lex.AvanzaToken(otro) && Foto(lex) == antes),
-            "AvanzaToken consume un token de otro código");
-      EXIGE(lex.SgtToken() == codigo && Foto(lex) == despues, "el token cambia al leerlo de nuevo");
+      EXIGE(codigo == otro || (!lex.AvanzaToken(otro) && foto() == antes), caso());
+      EXIGE(lex.SgtToken() == codigo && foto() == despues, caso());
     }
-
     const int ptr = lex.PtrBuffer(), largo = lex.LongLex();
-    EXIGE(ptr <= n && ptr >= antes.ptr && largo >= 0 && largo <= ptr - antes.ptr,
-          "PtrBuffer " + std::to_string(ptr) + " o LongLex " + std::to_string(largo));
-    EXIGE(lex.LexBytes() == std::string_view(buf).substr(ptr - largo, largo), "Lex no es lo leído");
+    EXIGE(ptr <= std::ssize(buf) && largo >= 0 && largo <= ptr - antes[0], caso());
+    EXIGE(lex.LexBytes() == std::string_view(buf).substr(ptr - largo, largo), caso());
     for (; leido < ptr; ++leido)
-      if (buf[leido] == '\r')
-        ++lineas, inicio = leido + (leido + 1 < n && buf[leido + 1] == '\n' ? 2 : 1);
-    EXIGE(lex.Lin() == lineas && lex.Col() == ptr - inicio,
-          "línea " + std::to_string(lex.Lin()) + " columna " + std::to_string(lex.Col()) +
-              " en la posición " + std::to_string(ptr) + " de " + Visible(buf));
-    if (largo == 0) {
-      // Only the end of the text is empty.
-      EXIGE(ptr == n && lex.IndCls() == lex.IndFA(), "token vacío antes del final");
-      if (ptr == antes.ptr) break;
-      continue;
-    }
-    if (!distintas) continue;
-    const std::string_view lexema = lex.LexBytes();
-    const auto primero = static_cast<unsigned char>(lexema.front());
-    const std::string visto = Visible(std::string(lexema));
+      if (buf[leido] == '\r') ++lineas, inicio = leido + (buf.compare(leido, 2, "\r\n") ? 1 : 2);
+    EXIGE(lex.Lin() == lineas && lex.Col() == ptr - inicio, caso());
+    EXIGE(largo > 0 || (ptr == std::ssize(buf) && lex.IndCls() == lex.IndFA()), caso());
+    if (largo == 0 && ptr == antes[0]) break;
+    if (largo == 0 || !distintas) continue;
+
+    const std::string_view lx = lex.LexBytes();
+    const auto primero = static_cast<unsigned char>(lx[0]),
+               ultimo = static_cast<unsigned char>(lx.back());
     const int cls = lex.IndCls();
-    if (cls == lex.IndNum()) {
-      EXIGE((EsDigito(primero) || lexema.front() == separador) && codigo == cls &&
-                EsDigito(static_cast<unsigned char>(lexema.back())),
-            "número " + visto);
-    } else if (cls == lex.IndId() || cls == lex.IndPC()) {
-      bool palabra = EsInicioId(primero);
-      for (const char c : lexema)
-        palabra = palabra && EsCarPalabra(static_cast<unsigned char>(c));
-      const auto r = palabras.find(EnMinusculas(lexema));
-      EXIGE(palabra && (cls == lex.IndPC() ? r != palabras.end() && codigo == r->second
-                                           : r == palabras.end() && codigo == cls),
-            "identificador o palabra clave " + visto);
-    } else if (cls == lex.IndOpr()) {
-      const auto r = operadores.find(SinBlancos(lexema));
-      EXIGE(r != operadores.end() && codigo == r->second, "operador " + visto);
-    } else if (cls == lex.IndCom()) {
-      EXIGE(!ignCom && primero == '\'' && lexema.find('\r') == lexema.npos, "comentario " + visto);
-    } else if (cls == lex.IndFL()) {
-      EXIGE(!(opciones & 1) && (lexema == "\r" || lexema == "\r\n"), "fin de línea " + visto);
-    } else if (cls == lex.IndCad()) {
-      EXIGE(lexema.size() >= 2 && primero == '"' && lexema.back() == '"', "cadena " + visto);
-    } else {
-      EXIGE(cls == lex.IndDesc() && largo == 1, "token de clase " + std::to_string(cls) + visto);
-    }
+    std::string op(lx);
+    std::erase_if(op, [](char c) { return c == ' ' || c == '\t'; });
+    const auto pc = palabras.find(EnMinusculas(lx));
+    const bool esPC = pc != palabras.end();
+    EXIGE(cls == lex.IndNum()
+              ? (EsDigito(primero) || primero == separador) && EsDigito(ultimo) && codigo == cls
+          : cls == lex.IndId()  ? EsIdentificador(lx) && !esPC && codigo == cls
+          : cls == lex.IndPC()  ? EsIdentificador(lx) && esPC && codigo == pc->second
+          : cls == lex.IndOpr() ? operadores.contains(op) && codigo == operadores[op]
+          : cls == lex.IndCom() ? !(opciones & 2) && primero == '\'' && lx.find('\r') == lx.npos
+          : cls == lex.IndFL()  ? !(opciones & 1) && (lx == "\r" || lx == "\r\n")
+          : cls == lex.IndCad() ? lx.size() >= 2 && primero == '"' && ultimo == '"'
+                                : cls == lex.IndDesc() && largo == 1,
+          "clase " + std::to_string(cls) + ", código " + std::to_string(codigo) + ", " + caso());
   }
   return 0;
 }

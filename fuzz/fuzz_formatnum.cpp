@@ -5,10 +5,7 @@
 
 #include <cctype>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <limits>
-#include <string>
 
 #include "LectorFuzz.h"
 #include "algebra/FormatNum.h"
@@ -16,57 +13,44 @@
 #include "lang/Errores.h"
 #include "lang/SintaxExp.h"
 
-namespace {
-
-std::string Num(double x) {
-  char b[64];
-  std::snprintf(b, sizeof b, "%.17g", x);
-  return b;
+static std::string Num(double x) {
+  char b[32];
+  return std::string(b, static_cast<std::size_t>(std::snprintf(b, sizeof b, "%.17g", x)));
 }
 
-void CompruebaRedN(FormatNum& f, double x, int n) {
+static void CompruebaRedN(FormatNum& f, double x, int n) {
   const double r = f.RedN(x, n);
-  const std::string caso = "RedN(" + Num(x) + ", " + std::to_string(n) + ") = " + Num(r);
-  if (std::isnan(x)) return;
-  EXIGE(!std::isnan(r) && (r == 0 || (r > 0) == (x > 0)), caso);
-  // Half a unit of the n-th place; a double keeps no more than 14 decimal
-  // places of a number from 1 up, and carries a relative error of its own.
+  // Half a unit of the n-th place (a double keeps 14 decimals at most from 1 up) and a
+  // relative error of its own; only a nearest multiple beyond the double range overflows.
   const double media = 0.5 * std::pow(10.0, -(std::fabs(x) >= 1 && n >= 15 ? 14 : n));
-  // Only a nearest multiple of the place beyond the double range overflows.
-  if (std::isinf(r) && !std::isinf(x))
-    EXIGE(std::fabs(x) + media > std::numeric_limits<double>::max(), "desborda: " + caso);
-  else if (!std::isinf(x))
-    EXIGE(std::fabs(r - x) <= media * (1 + 1e-9) + std::fabs(x) * 1e-15, "lejano: " + caso);
-  else
-    EXIGE(r == x, caso);
+  const bool cerca = std::isinf(x) ? r == x
+                     : std::isinf(r)
+                         ? std::fabs(x) + media > std::numeric_limits<double>::max()
+                         : std::fabs(r - x) <= media * (1 + 1e-9) + std::fabs(x) * 1e-15;
+  EXIGE(std::isnan(x) || (!std::isnan(r) && (r == 0 || (r > 0) == (x > 0)) && cerca),
+        "RedN(" + Num(x) + ", " + std::to_string(n) + ") = " + Num(r));
 }
 
-void CompruebaCFr(FormatNum& f, double num, double den) {
-  const std::string t = f.CFr(num, den);
-  const double x = num / den;
-  const std::string caso = "CFr(" + Num(num) + ", " + Num(den) + ") = «" + Visible(t) + "»";
+static void CompruebaCFr(FormatNum& f, double num, double den) {
+  const std::string t = f.CFr(num, den), caso = "CFr(" + Num(num) + ", " + Num(den) + ") = " + t;
+  const double x = num / den, holgura = std::fabs(x) * 1e-13 + 1e-300; // numbers carry 15 digits
   EXIGE(t.empty() == !std::isfinite(x), caso);
   if (t.empty()) return;
-  const double holgura = std::fabs(x) * 1e-13 + 1e-300; // numbers carry 15 digits
-  if (t.front() != '(') {
-    // The largest doubles are written rounded past the top of the range.
-    const double leido = LeeNumero(t);
-    EXIGE(std::isinf(leido) ? std::fabs(x) > 1.7976931348623e308 && (leido > 0) == (x > 0)
-                            : std::fabs(leido - x) <= holgura + 1,
-          "entero lejano: " + caso);
-    return;
-  }
+  // A whole number (LeeNumero reads any text); the largest doubles round past the range.
+  const double n = LeeNumero(t);
+  if (t[0] != '(')
+    return EXIGE(std::isinf(n) ? std::fabs(x) > 1.7976931348623e308 && (n > 0) == (x > 0)
+                               : std::fabs(n - x) <= holgura + 1,
+                 caso);
+  // A fraction: a convergent p/q of x is within 1/q^2 of it.
   const std::size_t barra = t.find('/');
-  EXIGE(barra != std::string::npos && t.back() == ')', "fracción mal escrita: " + caso);
-  const double p = LeeNumero(t.substr(1, barra - 1));
-  const double q = LeeNumero(t.substr(barra + 1, t.size() - barra - 2));
-  // A convergent p/q of x is within 1/q^2 of it.
+  EXIGE(barra != std::string::npos && t.back() == ')', caso);
+  const double p = LeeNumero(t.substr(1, barra - 1)),
+               q = LeeNumero(t.substr(barra + 1, t.size() - barra - 2));
   EXIGE(q >= 2 && p == std::trunc(p) && q == std::trunc(q) &&
             std::fabs(p / q - x) <= 1 / (q * q) + holgura,
-        "fracción lejana: " + caso);
+        caso);
 }
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam) {
   LectorFuzz in(datos, tam);
@@ -74,38 +58,30 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t tam
   FormatNum f;
   const int cifras = opciones & 1 ? in.Entero32() : in.Byte() % 20, previas = f.CifRed();
   f.CifRed(cifras);
-  EXIGE(f.CifRed() == (cifras >= 0 && cifras <= 300 ? cifras : previas), "CifRed " + Num(cifras));
+  EXIGE(f.CifRed() == (cifras >= 0 && cifras <= 300 ? cifras : previas), std::to_string(cifras));
   f.OutFracc(opciones & 2);
   if (opciones & 4) {
     const double x = in.Doble(), y = in.Doble();
-    // Digit counts of 16 bits, negative ones included.
-    CompruebaRedN(f, x, static_cast<std::int16_t>(in.Entre(0, 65535)));
+    CompruebaRedN(f, x, static_cast<std::int16_t>(in.Entre(0, 65535))); // negative ones too
     CompruebaRedN(f, x, f.CifRed());
     CompruebaCFr(f, x, y);
     CompruebaCFr(f, x, 1);
   }
+  // A number becomes at most "(p/q)" of two 15-digit numbers with exponents,
+  // any other character at most three UTF-8 bytes. Only numbers and comments
+  // change (a literal past the double range is copied, not an infinity); the
+  // largest doubles round past the range, which the checker refuses.
   const std::string texto = in.Resto(), salida = f.FCoef(texto);
-  // A number becomes at most "(p/q)" of two 15-digit numbers with exponents;
-  // any other character at most three UTF-8 bytes.
-  EXIGE(salida.size() <= texto.size() * 47 + 8, "FCoef crece en exceso: «" + Visible(texto) + "»");
-  // Formatting rewrites numbers and drops comments: elsewhere the letters
-  // besides the exponent marks stay as they were (a literal beyond the double
-  // range is copied as written, never as an infinity).
-  const auto letras = [](const std::string& t) {
-    std::string r;
-    for (const char c : t)
-      if (std::isalpha(static_cast<unsigned char>(c)) && std::toupper(c) != 'E' &&
-          std::toupper(c) != 'D')
-        r += c;
-    return r;
+  const auto letras = [](std::string t) {
+    std::erase_if(
+        t, [](unsigned char c) { return !std::isalpha(c) || (c | 32) == 'e' || (c | 32) == 'd'; });
+    return t;
   };
-  EXIGE(texto.find('\'') != std::string::npos || letras(salida) == letras(texto),
-        "FCoef de «" + Visible(texto) + "» da «" + Visible(salida) + "»");
-  // The largest doubles are written rounded past the top of the range, a
-  // number the checker refuses as too large.
   SintaxExp s;
-  EXIGE(!s.SintaxExpr(texto) || s.SintaxExpr(salida) ||
-            s.ErrNumber() == NumeroError(ErrAritmetica::Desbordamiento),
-        "FCoef de «" + Visible(texto) + "» da «" + Visible(salida) + "»: " + s.ErrDesc());
+  EXIGE(salida.size() <= texto.size() * 47 + 8 &&
+            (texto.find('\'') != std::string::npos || letras(salida) == letras(texto)) &&
+            (!s.SintaxExpr(texto) || s.SintaxExpr(salida) ||
+             s.ErrNumber() == NumeroError(ErrAritmetica::Desbordamiento)),
+        "«" + Visible(texto) + "» da «" + Visible(salida) + "», " + s.ErrDesc());
   return 0;
 }
