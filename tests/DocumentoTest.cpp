@@ -35,6 +35,8 @@ TEST_P(DocumentoCasos, Casos) {
     // The selection's length is counted in cells, as its bytes are.
     EXPECT_EQ(static_cast<int>(d.Bytes(d.InicioSel(), d.FinSel()).size()), d.LongSel());
     EXPECT_EQ(d.Sel1(), ancla); // reading does not reorder the ends
+  } else if (c[0] == "fila") {
+    EXPECT_EQ(d.GetTextFila(std::stoi(c[2])), c[3] == "\"\"" ? "" : c[3]);
   } else if (c[0] == "selecciona") {
     std::istringstream s(c[2]);
     int fila = 0, col = 0, largo = 0;
