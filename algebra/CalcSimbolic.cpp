@@ -9,6 +9,7 @@
 #include "lang/ConvierteNumero.h"
 #include "lang/Cp1252.h"
 #include "lang/Errores.h"
+#include "lang/Pila.h"
 #include "lang/Vocabulario.h"
 
 namespace {
@@ -242,7 +243,8 @@ std::string MotorCalc::BaseSignada() {
 /// primario ::= "(" expr ")" | funcion | constante | numero | variable
 std::string MotorCalc::Primario() {
   if (token_ == kAbre || (token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion)) {
-    if (++anidamiento_ > kMaxAnidamientoCalc) throw ErrorMotor(ErrAritmetica::Anidamiento);
+    if (++anidamiento_ > kMaxAnidamientoCalc || !QuedaPila())
+      throw ErrorMotor(ErrAritmetica::Anidamiento);
     std::string valor;
     if (token_ == kAbre) {
       Avanza();

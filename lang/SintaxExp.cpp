@@ -4,6 +4,7 @@
 
 #include "lang/ConvierteNumero.h"
 #include "lang/Errores.h"
+#include "lang/Pila.h"
 #include "lang/Vocabulario.h"
 
 namespace {
@@ -168,7 +169,8 @@ void SintaxExp::Potencia() {
 void SintaxExp::Factor() {
   const bool esFuncion = token_ >= kPrimeraFuncion && token_ <= kUltimaFuncion;
   const bool anida = esFuncion || token_ == kAbre;
-  if (anida && ++anidamiento_ > kMaxAnidamiento) throw ErrorMotor(ErrAritmetica::Anidamiento);
+  if (anida && (++anidamiento_ > kMaxAnidamiento || !QuedaPila()))
+    throw ErrorMotor(ErrAritmetica::Anidamiento);
   if (token_ == kAbre) {
     Añade();
     Avanza();

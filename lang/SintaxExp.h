@@ -27,8 +27,8 @@ enum class ErrSintax {
   EsperaCierra = 7,
 };
 
-// Parentheses and function calls nested deeper than this are refused before
-// the recursive readers could run out of stack.
+// Parentheses and function calls nested deeper than this are refused, and
+// so is any nesting the thread's stack has no room left for (lang/Pila.h).
 inline constexpr int kMaxAnidamiento = 200;
 
 class SintaxExp {

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <pthread.h>
+
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -10,6 +14,7 @@
 #include "algebra/CalcSimbolic.h"
 #include "lang/Aviso.h"
 #include "lang/Errores.h"
+#include "lang/SintaxExp.h"
 
 namespace {
 
@@ -143,6 +148,43 @@ TEST(CalcSimbolic, DeepNestingIsRefusedInsteadOfExhaustingTheStack) {
     EXPECT_EQ(c.ErrNumber(), NumeroError(ErrAritmetica::Anidamiento));
     EXPECT_EQ(c.ErrDesc(), Descripcion(ErrAritmetica::Anidamiento));
   }
+}
+
+// Runs `orden` on a thread whose stack is only `bytes` long.
+void EnPilaDe(std::size_t bytes, const std::function<void()>& orden) {
+  pthread_attr_t atributos;
+  pthread_attr_init(&atributos);
+  ASSERT_EQ(pthread_attr_setstacksize(&atributos, bytes), 0);
+  pthread_t hilo;
+  auto* copia = new std::function<void()>(orden);
+  ASSERT_EQ(pthread_create(
+                &hilo, &atributos,
+                [](void* o) -> void* {
+                  std::unique_ptr<std::function<void()>> f(static_cast<std::function<void()>*>(o));
+                  (*f)();
+                  return nullptr;
+                },
+                copia),
+            0);
+  pthread_join(hilo, nullptr);
+  pthread_attr_destroy(&atributos);
+}
+
+// On a small stack the nesting that the counts allow does not fit: the
+// readers refuse it, by the room left on the stack, instead of crashing.
+TEST(CalcSimbolic, NestingIsBoundByTheStackThatIsThere) {
+  std::string calculo, sintaxis;
+  EnPilaDe(512 * 1024, [&] {
+    CalcSimbolic c;
+    calculo = c.Calc(Anidado(kMaxAnidamientoCalc, "Sin(", "x"));
+    calculo += "|" + c.ErrDesc();
+    SintaxExp s;
+    s.SintaxExpr(Anidado(kMaxAnidamiento, "Sin(", "x"));
+    sintaxis = s.ErrDesc();
+  });
+  EXPECT_EQ(calculo, std::string("|") + Descripcion(ErrAritmetica::Anidamiento));
+  // The checker's frames are smaller: two hundred levels may fit.
+  EXPECT_TRUE(sintaxis.empty() || sintaxis == Descripcion(ErrAritmetica::Anidamiento)) << sintaxis;
 }
 
 } // namespace
