@@ -29,6 +29,7 @@ const std::vector<Opcion> kOpciones = {
 struct OpcionesDerivar {
   std::optional<std::string> archivo, ecuacion;
   std::string vd = "y", vi = "x", cifras = "5", hilos;
+  int numHilos = 0; // the threads of a batch, once the options are checked
   bool escribir = false, pasos = false, fracciones = true, lote = false;
 };
 
@@ -47,7 +48,8 @@ void Aplica(const OpcionDada& dada, OpcionesDerivar& o) {
   if (n == "--hilos") o.hilos = dada.valor;
 }
 
-// Threads of a batch: as many as the machine has cores, or those asked for.
+// Threads of a batch: as many as the machine has cores, or those asked for
+// (0 when what was asked is no count).
 constexpr int kMaxHilos = 256;
 int Hilos(const std::string& pedidos) {
   if (!pedidos.empty()) return EnteroAcotado(pedidos, 1, kMaxHilos).value_or(0);
@@ -67,11 +69,11 @@ std::string LeeOpciones(const Argumentos& args, OpcionesDerivar& o) {
   if (const auto fallo = CompruebaConfig(o.cifras, o.vd, o.vi)) return fallo->mensaje;
   if (o.escribir && !o.archivo) return "--escribir necesita -f ARCHIVO";
   if (o.ecuacion && o.archivo) return "dé una ECUACIÓN o -f ARCHIVO, no ambos";
-  if (o.lote && (o.ecuacion || o.archivo || o.escribir))
+  if (o.lote && (o.ecuacion || o.archivo))
     return "--lote lee las ecuaciones de la entrada estándar y escribe en la salida";
   if (!o.hilos.empty() && !o.lote) return "--hilos sólo sirve con --lote";
-  if (!o.hilos.empty() && Hilos(o.hilos) < 1)
-    return "--hilos espera un número de 1 a " + std::to_string(kMaxHilos);
+  o.numHilos = Hilos(o.hilos);
+  if (o.numHilos < 1) return "--hilos espera un número de 1 a " + std::to_string(kMaxHilos);
   return {};
 }
 
@@ -113,7 +115,7 @@ int OrdenDerivar(const Argumentos& args) {
   OpcionesDerivar o;
   if (const std::string error = LeeOpciones(args, o); !error.empty()) return ErrorDeUso(error);
   const ConfigDerivacion config = AceptaConfig(o.cifras, o.vd, o.vi, o.fracciones);
-  if (o.lote) return Lote(config, o.pasos, Hilos(o.hilos));
+  if (o.lote) return Lote(config, o.pasos, o.numHilos);
 
   Editor editor;
   EstadoArchivo estado;
