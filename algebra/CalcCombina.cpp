@@ -81,7 +81,7 @@ bool MotorCalc::EsIgual(std::string_view a, std::string_view b) {
   // The quotient rules take fractions apart before they compare: a quotient
   // that reaches here is a factor in parentheses, compared by its text as any
   // factor is.
-  const auto ta = Terminos(Escanea(a)), tb = Terminos(Escanea(b));
+  const auto &ta = Terminos(Escanea(a)), &tb = Terminos(Escanea(b));
   if (ta.size() != tb.size()) return false;
   std::vector<bool> usado(tb.size(), false);
   for (const Termino& t : ta) {
@@ -119,43 +119,44 @@ bool RuidoDeSuma(double coef, double mayor, int sumas) {
 // Merges like terms (equal literal parts) by adding their coefficients; a
 // term whose coefficient becomes 0 is dropped, and an untouched term keeps
 // its text.
-std::string MotorCalc::SumaDeTerminos(std::string_view texto) {
-  const Escaneo e = Escanea(texto);
+std::string MotorCalc::SumaDeTerminos(std::initializer_list<std::string_view> piezas) {
   struct Acumulado {
     const Termino* termino;
+    Escaneo escaneo;    // where the term was read
     double coef, mayor; // the sum, and the largest addend or partial sum
     int sumas;          // additions that made coef
   };
-  const std::vector<Termino> terminos = Terminos(e);
   std::vector<Acumulado> suma;
-  std::unordered_map<std::string, std::size_t> porLiteral; // literal key -> place in suma
-  for (const Termino& t : terminos) {
-    const auto [sitio, nuevo] = porLiteral.try_emplace(ClaveLiteral(t.lit), suma.size());
-    if (nuevo) {
-      suma.push_back({&t, t.coef, std::fabs(t.coef), 0});
-      continue;
+  std::unordered_map<std::string_view, std::size_t> porLiteral; // literal key -> place in suma
+  for (const std::string_view pieza : piezas) {
+    const Escaneo e = Escanea(pieza);
+    for (const Termino& t : Terminos(e)) {
+      if (!t.conClave) {
+        t.claveLit = ClaveLiteral(t.lit);
+        t.conClave = true;
+      }
+      const auto [sitio, nuevo] = porLiteral.try_emplace(t.claveLit, suma.size());
+      if (nuevo) {
+        suma.push_back({&t, e, t.coef, std::fabs(t.coef), 0});
+        continue;
+      }
+      Acumulado& igual = suma[sitio->second];
+      igual.coef = Finito(igual.coef + t.coef);
+      igual.mayor = std::max({igual.mayor, std::fabs(t.coef), std::fabs(igual.coef)});
+      ++igual.sumas;
     }
-    Acumulado& igual = suma[sitio->second];
-    igual.coef = Finito(igual.coef + t.coef);
-    igual.mayor = std::max({igual.mayor, std::fabs(t.coef), std::fabs(igual.coef)});
-    ++igual.sumas;
   }
-  std::string out;
+  Redaccion out;
   for (const Acumulado& a : suma) {
     if (RuidoDeSuma(a.coef, a.mayor, a.sumas)) continue;
-    if (a.sumas == 0) {
-      Une(out, a.termino->negativo ? "-" + std::string(a.termino->cuerpo)
-                                   : std::string(a.termino->cuerpo));
-      continue;
-    }
-    std::string factores;
-    for (const Factor& f : a.termino->lit) {
-      if (!factores.empty()) factores += '*';
-      factores += f.texto;
-    }
-    Une(out, EscribeTermino(a.coef, factores));
+    if (a.sumas == 0)
+      out.TerminoCopiado(a.escaneo, *a.termino);
+    else
+      out.TerminoNuevo(a.escaneo, *a.termino, a.coef);
   }
-  return Limpia(std::move(out));
+  if (out.texto.empty()) return "0";
+  if (out.texto.size() <= kMaxTexto) GuardaEscaneo(out);
+  return std::move(out.texto);
 }
 
 // Brings both operands over one common denominator, so that a sum never
@@ -165,9 +166,8 @@ std::string MotorCalc::SumaFracciones(std::string_view l, std::string_view r, bo
   std::string_view nl = l, dl, nr = r, dr;
   const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
   auto suma = [&](std::string_view a, std::string_view b) {
-    std::string texto(a);
-    Une(texto, resta ? NegExp(b) : std::string(b));
-    return Acotado(SumaDeTerminos(texto.empty() ? "0" : texto));
+    const std::string negado = resta ? NegExp(b) : std::string();
+    return Acotado(SumaDeTerminos({a, resta ? std::string_view(negado) : b}));
   };
   if (fl && fr) {
     if (EsIgual(dl, dr)) return DivExp(suma(nl, nr), dl);
@@ -247,7 +247,7 @@ std::string MotorCalc::ProductoDeTerminos(const Termino& a, const Termino& b) {
 // Products of sums are expanded: every term of one by every term of the other.
 std::string MotorCalc::ProductoExpandido(std::string_view l, std::string_view r) {
   const Escaneo el = Escanea(l), er = Escanea(r);
-  const auto tl = Terminos(el), tr = Terminos(er);
+  const auto &tl = Terminos(el), &tr = Terminos(er);
   // Refuse before building: the expansion writes every term of one side once
   // for each term of the other.
   if (l.size() * tr.size() + r.size() * tl.size() > kMaxTexto)
@@ -256,7 +256,7 @@ std::string MotorCalc::ProductoExpandido(std::string_view l, std::string_view r)
   for (const Termino& a : tl)
     for (const Termino& b : tr)
       Une(suma, ProductoDeTerminos(a, b));
-  return Acotado(SumaDeTerminos(suma.empty() ? "0" : suma));
+  return Acotado(SumaDeTerminos({suma.empty() ? "0" : suma}));
 }
 
 std::string MotorCalc::MultExp(std::string_view l, std::string_view r) {

@@ -20,15 +20,16 @@ MotorCalc::Escaneo MotorCalc::Escanea(std::string_view texto) {
   // common denominator can stay moderate in size yet take very long.
   trabajo_ += texto.size() + 16;
   if (trabajo_ > kMaxTrabajo) throw ErrorMotor(ErrAritmetica::TextoExcesivo);
-  auto [sitio, nuevo] = escaneos_.try_emplace(std::string(texto));
-  if (nuevo) {
+  auto sitio = escaneos_.find(texto);
+  if (sitio == escaneos_.end()) {
+    sitio = escaneos_.try_emplace(std::string(texto)).first;
     lexS_.BufferBytes(sitio->first);
     for (int tipo = lexS_.SgtToken(); tipo != kFA; tipo = lexS_.SgtToken()) {
       const int fin = lexS_.PtrBuffer();
-      sitio->second.push_back(Token{fin - lexS_.LongLex(), fin, tipo});
+      sitio->second.toks.push_back(Token{fin - lexS_.LongLex(), fin, tipo});
     }
   }
-  return Escaneo{texto, sitio->second};
+  return Escaneo{sitio->first, sitio->second.toks, sitio->second};
 }
 
 // Exactly one number token: "-2" and 2*3 are not numbers.
@@ -95,8 +96,10 @@ bool EsSigno(int tipo) { return tipo == MotorCalc::kMas || tipo == MotorCalc::kM
 // The terms of a text: the pieces between the "+" and "-" operators outside
 // parentheses. A run of signs at the start of a term gives its sign; a sign
 // that leads a factor ("2*-x") is folded into the term's sign too.
-std::vector<MotorCalc::Termino> MotorCalc::Terminos(const Escaneo& e) {
-  std::vector<Termino> terminos;
+const std::vector<MotorCalc::Termino>& MotorCalc::Terminos(const Escaneo& e) {
+  std::vector<Termino>& terminos = e.datos.terminos;
+  if (e.datos.conTerminos) return terminos;
+  e.datos.conTerminos = true;
   const int n = static_cast<int>(e.toks.size());
   int i = 0;
   while (i < n) {
@@ -107,7 +110,7 @@ std::vector<MotorCalc::Termino> MotorCalc::Terminos(const Escaneo& e) {
     int fin = BuscaOp(e, Op(kMas) | Op(kMenos), ini); // toks[ini] is no sign
     if (fin < 0) fin = n;
 
-    Termino t{negativo, e.Trozo(ini, fin), 1.0, {}};
+    Termino t{negativo, e.Trozo(ini, fin), 1.0, {}, negativo, ini, fin, {}, false};
     LeeFactores(e, ini, fin, t);
     if (t.negativo) t.coef = -t.coef;
     terminos.push_back(std::move(t));
@@ -137,7 +140,7 @@ void MotorCalc::LeeFactores(const Escaneo& e, int ini, int fin, Termino& t) {
       t.coef *= LeeNumero(e.Trozo(a, k));
       continue;
     }
-    Factor f{e.Trozo(a, k), e.Trozo(a, k), {}, {}, "1"};
+    Factor f{e.Trozo(a, k), e.Trozo(a, k), {}, {}, "1", a, k};
     // A factor holding a "/" is a base as a whole: its "^" may belong to
     // the numerator only.
     if (BuscaOp(e, Op(kEntre), a, k) < 0) {

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -67,9 +68,11 @@ private:
   struct Token {
     int ini, fin, tipo; // byte range in the text, token kind
   };
+  struct Escaneado;
   struct Escaneo {
-    std::string_view texto;
+    std::string_view texto; // the kept copy of the scanned text
     const std::vector<Token>& toks;
+    Escaneado& datos;
     std::string_view Trozo(int t0, int t1) const; // the text of tokens [t0, t1)
   };
   // A factor of a term: base^exp ("" for an exponent of 1). The keys are the
@@ -77,6 +80,7 @@ private:
   struct Factor {
     std::string_view texto, base, exp;
     std::string clave, claveExp;
+    int t0 = 0, t1 = 0; // the tokens of texto in its scan
   };
   // A term: its numeric coefficient (the product of its plain-number
   // factors, with its sign) and its literal factors in order.
@@ -85,6 +89,25 @@ private:
     std::string_view cuerpo; // the term without its sign run
     double coef;
     std::vector<Factor> lit;
+    bool negativoDelSigno = false; // the sign run's alone, before signed factors
+    int t0 = 0, t1 = 0;            // the tokens of cuerpo in its scan
+    // The literal part's key for finding like terms (ClaveLiteral), made the
+    // first time the term is summed and kept with its scan.
+    mutable std::string claveLit;
+    mutable bool conClave = false;
+  };
+
+  // What is kept of a scanned text: its tokens and, once asked for, its
+  // terms, whose views point into the kept copy of the text.
+  struct Escaneado {
+    std::vector<Token> toks;
+    std::vector<Termino> terminos;
+    bool conTerminos = false;
+  };
+  // Looks texts up by view, so that finding a kept scan copies nothing.
+  struct HashTexto {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
   };
 
   // The public calls under their traps (CalcSimbolic.cpp, CalcDespeja.cpp).
@@ -126,7 +149,8 @@ private:
   static bool TieneBinario(const Escaneo& e, unsigned ops);
   bool Fraccion(const Escaneo& e, std::string_view& num, std::string_view& den);
   std::string_view LadoDeFraccion(std::string_view lado);
-  static std::vector<Termino> Terminos(const Escaneo& e);
+  // The terms of a scanned text, read once per text and kept with its scan.
+  const std::vector<Termino>& Terminos(const Escaneo& e);
   static void LeeFactores(const Escaneo& e, int ini, int fin, Termino& t);
 
   // Combining operations (CalcCombina.cpp).
@@ -138,7 +162,42 @@ private:
   std::string NegExp(std::string_view t);
   bool EsIgual(std::string_view a, std::string_view b);
   std::string SumaFracciones(std::string_view l, std::string_view r, bool resta);
-  std::string SumaDeTerminos(std::string_view texto);
+  // The sum of the terms of every piece, as if the pieces were written one
+  // after the other with Une: the pieces' own scans are reused.
+  std::string SumaDeTerminos(std::initializer_list<std::string_view> piezas);
+  // A sum written together with its scan (CalcRedaccion.cpp): its tokens,
+  // and where each of its terms and factors stands, taken from the scans of
+  // the terms it was written from. The operation that reads the sum next
+  // then finds it scanned instead of lexing and splitting it again.
+  struct Redaccion {
+    struct Colocado {
+      const Termino* fuente; // the term whose factors it holds
+      bool negativo, negativoDelSigno;
+      double coef;
+      int cuerpoIni, cuerpoFin, t0, t1; // bytes and tokens of its body
+      std::size_t primerFactor;         // its first entry in `factores`
+    };
+    struct Lugar {
+      int ini, t0; // where a factor's text and first token went
+    };
+    std::string texto;
+    std::vector<Token> toks;
+    std::vector<Colocado> terminos;
+    std::vector<Lugar> factores;
+
+    void Operador(char c, int tipo);
+    // Copies the tokens [t0, t1) of a scan with the text they cover.
+    void Copia(const Escaneo& e, int t0, int t1);
+    // A term of a scan copied as it stands, or with its sign changed.
+    void TerminoCopiado(const Escaneo& e, const Termino& t);
+    // A term written anew from a merged coefficient and the factors of `t`.
+    void TerminoNuevo(const Escaneo& e, const Termino& t, double coef);
+  };
+  // Keeps what Redaccion wrote as the scan of its text.
+  void GuardaEscaneo(Redaccion& r);
+  // In builds with checks, scans the text anew and stops the program if the
+  // kept scan differs from it in any token, term or factor.
+  void CompruebaEscaneo(const std::string& texto, const Escaneado& hecho);
   std::string ProductoExpandido(std::string_view l, std::string_view r);
   std::string ProductoDeTerminos(const Termino& a, const Termino& b);
   std::string Cociente(std::string_view num, std::string_view den);
@@ -147,7 +206,7 @@ private:
   bool DescomponAxNb(std::string_view exp, std::string_view var, std::string& a, std::string& b,
                      std::string& n);
 
-  std::unordered_map<std::string, std::vector<Token>> escaneos_;
+  std::unordered_map<std::string, Escaneado, HashTexto, std::equal_to<>> escaneos_;
   std::size_t trabajo_ = 0; // bytes scanned anew during this public call
   AnaLex lexP_;             // parse lexer
   AnaLex lexS_;             // scanning lexer

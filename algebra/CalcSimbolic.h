@@ -68,7 +68,7 @@ enum class ErrCalc {
 // The calculator reads texts that the differentiation rules build, which nest
 // one level for every term of a sum; any nesting the thread's stack has no
 // room left for is refused too (lang/Pila.h).
-inline constexpr int kMaxAnidamientoCalc = 1000;
+inline constexpr int kMaxAnidamientoCalc = 10000;
 // A text of the algebra larger than kMaxTexto bytes: sums brought over one
 // denominator without cancelling can grow without bound on nested quotients.
 // Typical derivatives stay under 1 KB; the largest benchmarked results reach

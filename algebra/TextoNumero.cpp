@@ -24,6 +24,13 @@ std::string TextoNumero(double valor) {
   // Callers check for overflow first; should one slip through, it is written
   // as the runtime does rather than read past the digits.
   if (!std::isfinite(valor)) return valor > 0 ? "inf" : valor < 0 ? "-inf" : "nan";
+  // Whole numbers below 10^15 have at most 15 digits and are written plain,
+  // exactly: the rounding below would give the same digits.
+  if (std::fabs(valor) < 1e15 && valor == std::trunc(valor)) {
+    char buf[24];
+    const auto r = std::to_chars(buf, buf + sizeof buf, static_cast<long long>(valor));
+    return std::string(buf, r.ptr);
+  }
   const auto [negativo, digitos, exponente] = Cifras15(valor);
 
   std::string out = negativo ? "-" : "";

@@ -75,6 +75,8 @@ void AnaLex::AñadePC(int codigo, const std::string& palabra) {
     return;
   }
   palabras_.insert(pos, Entrada{p, codigo});
+  palabraMax_ = std::max(palabraMax_, p.size());
+  iniciaPalabra_[static_cast<unsigned char>(p[0])] = true;
 }
 
 void AnaLex::AñadeOpr(int codigo, const std::string& texto) {
@@ -94,6 +96,12 @@ void AnaLex::AñadeOpr(int codigo, const std::string& texto) {
     return;
   }
   operadores_.insert(pos, Entrada{t, codigo});
+  porPrimero_.fill({0, 0});
+  for (int i = static_cast<int>(operadores_.size()) - 1; i >= 0; --i) {
+    auto& rango = porPrimero_[static_cast<unsigned char>(operadores_[i].texto[0])];
+    if (rango.second == 0) rango.second = i + 1;
+    rango.first = i;
+  }
 }
 
 void AnaLex::GuardaEstado() {
@@ -101,7 +109,7 @@ void AnaLex::GuardaEstado() {
   Estado& e = pila_[static_cast<std::size_t>(cima_)];
   e.ptr = ptr_, e.lin = lin_, e.col = col_, e.ultInd = ultInd_, e.indCls = indCls_;
   e.lexIni = lexIni_, e.lexLen = lexLen_;
-  e.lexCad = lexCad_;
+  if (!e.lexCad.empty() || !lexCad_.empty()) e.lexCad = lexCad_;
   cima_ = (cima_ + 1) % kMaxEstados;
   if (estados_ < kMaxEstados) ++estados_;
 }
@@ -181,6 +189,8 @@ bool AnaLex::LeeCadena() {
 // exponent sign, 6 exponent digits.
 int AnaLex::LongNumero() const {
   const int n = static_cast<int>(buf_.size());
+  const auto b0 = static_cast<unsigned char>(buf_[ptr_]);
+  if (!EsDigito(b0) && b0 != puntoDec_) return 0; // what starts no number, at once
   int estado = 0, aceptado = 0;
   for (int i = ptr_; i < n; ++i) {
     const auto b = static_cast<unsigned char>(buf_[i]);
@@ -223,12 +233,9 @@ int AnaLex::LongNumero() const {
 // characters. Of equal lengths, the earlier entry of the sorted list wins.
 int AnaLex::LongOperador(int& codigo) const {
   const int n = static_cast<int>(buf_.size());
-  const char primero = buf_[ptr_];
-  auto desde = std::partition_point(operadores_.begin(), operadores_.end(), [&](const Entrada& e) {
-    return static_cast<unsigned char>(e.texto[0]) < static_cast<unsigned char>(primero);
-  });
+  const auto [desde, hasta] = porPrimero_[static_cast<unsigned char>(buf_[ptr_])];
   int mejor = 0;
-  for (auto e = desde; e != operadores_.end() && e->texto[0] == primero; ++e) {
+  for (auto e = operadores_.begin() + desde; e != operadores_.begin() + hasta; ++e) {
     int i = ptr_;
     bool casa = true;
     for (std::size_t j = 0; j < e->texto.size() && casa; ++j) {
@@ -267,7 +274,15 @@ void AnaLex::TomaIdentificador() {
 
 // Whether Lex is a registered keyword, in any case; if so, its code.
 bool AnaLex::EsPalabraClave(int& codigo) const {
-  const std::string clave = EnMinusculas(LexBytes());
+  // Every name of a text is looked up: most are answered by their length or
+  // their first byte alone.
+  const std::string_view lex = LexBytes();
+  if (lex.size() > palabraMax_ ||
+      !iniciaPalabra_[MinusculaCp1252(static_cast<unsigned char>(lex[0]))])
+    return false;
+  std::string clave(lex); // as long as a keyword: kept inside the string itself, mostly
+  for (char& c : clave)
+    c = static_cast<char>(MinusculaCp1252(static_cast<unsigned char>(c)));
   const auto pos = Lugar(palabras_, clave);
   if (pos == palabras_.end() || pos->texto != clave) return false;
   codigo = pos->codigo;

@@ -120,8 +120,12 @@ private:
   int indCom_ = 0, indCad_ = 0, indNum_ = 0, indId_ = 0, indPC_ = 0, indOpr_ = 0, indFL_ = 0,
       indFA_ = 0, indDesc_ = 0;
   int indCls_ = 0, ultInd_ = 0, antInd_ = 0;
-  std::vector<Entrada> palabras_;   // sorted by text, lower case
-  std::vector<Entrada> operadores_; // sorted by text
+  std::vector<Entrada> palabras_;         // sorted by text, lower case
+  std::size_t palabraMax_ = 0;            // the length of the longest keyword
+  std::array<bool, 256> iniciaPalabra_{}; // the first bytes of the keywords
+  std::vector<Entrada> operadores_;       // sorted by text
+  // The operators that start with each byte: [first, second) of operadores_.
+  std::array<std::pair<int, int>, 256> porPrimero_{};
   // The state stack as a ring: pushing onto a full stack overwrites the
   // oldest state instead of moving the others down.
   std::array<Estado, kMaxEstados> pila_;

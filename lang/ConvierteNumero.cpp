@@ -21,6 +21,15 @@ double LeeNumero(std::string_view t) {
   bool negativo = false;
   if (i < t.size() && (t[i] == '+' || t[i] == '-')) negativo = t[i++] == '-';
 
+  // A whole number of at most 15 digits is exact in a double: read directly.
+  if (const std::size_t largo = t.size() - i; largo > 0 && largo <= 15) {
+    long long entero = 0;
+    std::size_t j = i;
+    for (; j < t.size() && EsDigito(t[j]); ++j)
+      entero = entero * 10 + (t[j] - '0');
+    if (j == t.size()) return negativo ? -static_cast<double>(entero) : static_cast<double>(entero);
+  }
+
   // The mantissa's digits, with the decimal order of magnitude of its first
   // significant digit, so that an out-of-range result can be told apart
   // between too large and too small.

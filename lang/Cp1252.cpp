@@ -133,6 +133,7 @@ template <unsigned char (*Cambia)(unsigned char)> std::string Convierte(std::str
 } // namespace
 
 std::string EnMinusculas(std::string_view bytes) { return Convierte<Minuscula>(bytes); }
+unsigned char MinusculaCp1252(unsigned char b) { return Minuscula(b); }
 std::string EnMayusculas(std::string_view bytes) { return Convierte<Mayuscula>(bytes); }
 
 std::string FinesDeLineaDeDocumento(std::string_view texto) {

@@ -58,4 +58,5 @@ int LongitudUtf8(std::string_view utf8);
 // Letter case of a Windows-1252 byte text (ASCII and the accented Latin
 // letters), for the comparisons that ignore case.
 std::string EnMinusculas(std::string_view bytes);
+unsigned char MinusculaCp1252(unsigned char b);
 std::string EnMayusculas(std::string_view bytes);

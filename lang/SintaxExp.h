@@ -29,7 +29,7 @@ enum class ErrSintax {
 
 // Parentheses and function calls nested deeper than this are refused, and
 // so is any nesting the thread's stack has no room left for (lang/Pila.h).
-inline constexpr int kMaxAnidamiento = 200;
+inline constexpr int kMaxAnidamiento = 10000;
 
 class SintaxExp {
 public:
