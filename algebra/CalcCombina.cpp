@@ -126,27 +126,49 @@ std::string MotorCalc::SumaDeTerminos(std::initializer_list<std::string_view> pi
     double coef, mayor; // the sum, and the largest addend or partial sum
     int sumas;          // additions that made coef
   };
-  std::vector<Acumulado> suma;
-  std::unordered_map<std::string_view, std::size_t> porLiteral; // literal key -> place in suma
+  std::vector<Escaneo> escaneos;
+  escaneos.reserve(piezas.size());
+  std::size_t terminos = 0, bytes = 0, tokens = 0;
   for (const std::string_view pieza : piezas) {
-    const Escaneo e = Escanea(pieza);
+    escaneos.push_back(Escanea(pieza));
+    terminos += Terminos(escaneos.back()).size();
+    bytes += escaneos.back().texto.size();
+    tokens += escaneos.back().toks.size();
+  }
+  Trabaja(terminos);
+  std::vector<Acumulado> suma;
+  suma.reserve(terminos);
+  // Like terms are found by their key: by looking through the few of a small
+  // sum, by hashing in a large one.
+  constexpr std::size_t kSumaPequena = 16;
+  std::unordered_map<std::string_view, std::size_t> porLiteral;
+  auto lugarDe = [&](const Termino& t) {
+    if (terminos <= kSumaPequena) {
+      for (std::size_t i = 0; i < suma.size(); ++i)
+        if (suma[i].termino->claveLit == t.claveLit) return i;
+      return suma.size();
+    }
+    return porLiteral.try_emplace(t.claveLit, suma.size()).first->second;
+  };
+  for (const Escaneo& e : escaneos) {
     for (const Termino& t : Terminos(e)) {
       if (!t.conClave) {
         t.claveLit = ClaveLiteral(t.lit);
         t.conClave = true;
       }
-      const auto [sitio, nuevo] = porLiteral.try_emplace(t.claveLit, suma.size());
-      if (nuevo) {
+      const std::size_t lugar = lugarDe(t);
+      if (lugar == suma.size()) {
         suma.push_back({&t, e, t.coef, std::fabs(t.coef), 0});
         continue;
       }
-      Acumulado& igual = suma[sitio->second];
+      Acumulado& igual = suma[lugar];
       igual.coef = Finito(igual.coef + t.coef);
       igual.mayor = std::max({igual.mayor, std::fabs(t.coef), std::fabs(igual.coef)});
       ++igual.sumas;
     }
   }
   Redaccion out;
+  out.Reserva(bytes + 2 * suma.size(), tokens + 2 * suma.size(), suma.size());
   for (const Acumulado& a : suma) {
     if (RuidoDeSuma(a.coef, a.mayor, a.sumas)) continue;
     if (a.sumas == 0)
@@ -154,6 +176,7 @@ std::string MotorCalc::SumaDeTerminos(std::initializer_list<std::string_view> pi
     else
       out.TerminoNuevo(a.escaneo, *a.termino, a.coef);
   }
+  Trabaja(out.texto.size() / 16 + out.factores.size());
   if (out.texto.empty()) return "0";
   if (out.texto.size() <= kMaxTexto) GuardaEscaneo(out);
   return std::move(out.texto);
@@ -162,6 +185,14 @@ std::string MotorCalc::SumaDeTerminos(std::initializer_list<std::string_view> pi
 // Brings both operands over one common denominator, so that a sum never
 // leaves two fractions side by side.
 std::string MotorCalc::SumaFracciones(std::string_view l, std::string_view r, bool resta) {
+  // Two plain numbers, as exponents merged in a product mostly are, add at
+  // once: their terms would merge into one coefficient just so.
+  if (EsNumero(l) && EsNumero(r)) {
+    const double a = LeeNumero(l), b = resta ? -LeeNumero(r) : LeeNumero(r);
+    const double c = Finito(a + b);
+    return RuidoDeSuma(c, std::max({std::fabs(a), std::fabs(b), std::fabs(c)}), 1) ? "0"
+                                                                                   : TextoNumero(c);
+  }
   const Escaneo el = Escanea(l), er = Escanea(r);
   std::string_view nl = l, dl, nr = r, dr;
   const bool fl = Fraccion(el, nl, dl), fr = Fraccion(er, nr, dr);
@@ -204,6 +235,7 @@ std::string MotorCalc::NegExp(std::string_view t) {
 // Coefficients multiply; factors with equal bases merge into one whose
 // exponent is the sum of theirs.
 std::string MotorCalc::ProductoDeTerminos(const Termino& a, const Termino& b) {
+  Trabaja(1 + a.lit.size() * b.lit.size());
   struct Mezcla {
     const Factor* factor;
     std::string exp; // the merged exponent, when merged

@@ -15,19 +15,25 @@ std::string_view MotorCalc::Escaneo::Trozo(int t0, int t1) const {
   return texto.substr(toks[t0].ini, toks[t1 - 1].fin - toks[t0].ini);
 }
 
-MotorCalc::Escaneo MotorCalc::Escanea(std::string_view texto) {
-  // Every text examined counts against the work of one call: sums over a
-  // common denominator can stay moderate in size yet take very long.
-  trabajo_ += texto.size() + 16;
+// Sums over a common denominator can stay moderate in size and yet take
+// very long: the work is counted, not the size.
+void MotorCalc::Trabaja(std::size_t operaciones) {
+  trabajo_ += operaciones;
   if (trabajo_ > kMaxTrabajo) throw ErrorMotor(ErrAritmetica::TextoExcesivo);
+}
+
+MotorCalc::Escaneo MotorCalc::Escanea(std::string_view texto) {
+  Trabaja(1 + texto.size() / 256);
   auto sitio = escaneos_.find(texto);
   if (sitio == escaneos_.end()) {
     sitio = escaneos_.try_emplace(std::string(texto)).first;
+    sitio->second.toks.reserve(texto.size() / 2 + 2); // most tokens are one or two bytes
     lexS_.BufferBytes(sitio->first);
     for (int tipo = lexS_.SgtToken(); tipo != kFA; tipo = lexS_.SgtToken()) {
       const int fin = lexS_.PtrBuffer();
       sitio->second.toks.push_back(Token{fin - lexS_.LongLex(), fin, tipo});
     }
+    Trabaja(sitio->second.toks.size());
   }
   return Escaneo{sitio->first, sitio->second.toks, sitio->second};
 }

@@ -11,6 +11,13 @@
 #include "algebra/TextoNumero.h"
 #include "lang/ConvierteNumero.h"
 
+void MotorCalc::Redaccion::Reserva(std::size_t bytes, std::size_t tokens, std::size_t cuantos) {
+  texto.reserve(bytes);
+  toks.reserve(tokens);
+  terminos.reserve(cuantos);
+  factores.reserve(2 * cuantos);
+}
+
 void MotorCalc::Redaccion::Operador(char c, int tipo) {
   const int en = static_cast<int>(texto.size());
   toks.push_back(Token{en, en + 1, tipo});
