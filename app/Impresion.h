@@ -1,0 +1,2 @@
+#pragma once
+// Printing a document (filled in by the printing work).
