@@ -26,9 +26,10 @@ QString TextoPropuesto(const Editor& editor) {
 CamposBusqueda::CamposBusqueda(QDialog* dialogo, const Editor& editor, bool reemplazo) {
   txtBuscar = Nombrado(new QLineEdit(dialogo), "txtBuscar");
   if (reemplazo) txtReemp = Nombrado(new QLineEdit(dialogo), "txtReemp");
-  chkMayusMinus = Nombrado(
-      new QCheckBox(QStringLiteral("Coincidir mayúsculas y minúsculas"), dialogo), "chkMayusMinus");
-  chkPalCmp = Nombrado(new QCheckBox(QStringLiteral("Palabra completa"), dialogo), "chkPalCmp");
+  chkMayusMinus =
+      Nombrado(new QCheckBox(QStringLiteral("Coincidir &mayúsculas y minúsculas"), dialogo),
+               "chkMayusMinus");
+  chkPalCmp = Nombrado(new QCheckBox(QStringLiteral("Palabra &completa"), dialogo), "chkPalCmp");
 
   const OpcionesBusqueda& ultima = UltimaBusqueda();
   txtBuscar->setText(TextoPropuesto(editor));

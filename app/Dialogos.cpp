@@ -1,9 +1,14 @@
 #include "app/Dialogos.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTranslator>
 
 namespace Dialogos {
 namespace {
@@ -19,6 +24,18 @@ const char* const kFiltros = "Archivos de texto (*.txt);;Todos los archivos (*)"
 } // namespace
 
 void FijaRespondedor(Respondedor respondedor) { Actual() = std::move(respondedor); }
+
+bool CargaTraducciones() {
+  QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+  // The translator lives as long as the program: Qt keeps only a pointer.
+  static QTranslator traductor;
+  if (traductor.isEmpty() &&
+      !traductor.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    return false;
+  QCoreApplication::installTranslator(&traductor);
+  return true;
+}
 
 QString Titulo() {
   const QString nombre = QCoreApplication::applicationName();
@@ -46,16 +63,37 @@ Respuesta Pregunta(QWidget* padre, const QString& texto) {
   return Respuesta::Cancelar;
 }
 
-QString NombreAbrir(QWidget* padre) {
-  if (Actual().nombreAbrir) return Actual().nombreAbrir();
-  return QFileDialog::getOpenFileName(padre, QStringLiteral("Abrir"), QString(),
-                                      QString::fromUtf8(kFiltros));
+namespace {
+
+// Qt's own dialog, not the desktop's: the desktop's speaks the system's
+// language, which may not be Spanish.
+QString PideNombre(QWidget* padre, QFileDialog::AcceptMode modo, const QString& propuesto,
+                   const QString& carpeta) {
+  const bool abrir = modo == QFileDialog::AcceptOpen;
+  QFileDialog dialogo(padre, abrir ? QStringLiteral("Abrir") : QStringLiteral("Guardar como"));
+  dialogo.setOption(QFileDialog::DontUseNativeDialog);
+  dialogo.setAcceptMode(modo);
+  dialogo.setFileMode(abrir ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  dialogo.setNameFilters(QString::fromUtf8(kFiltros).split(QStringLiteral(";;")));
+  if (!abrir) dialogo.setDefaultSuffix(QStringLiteral("txt"));
+  const QFileInfo nombre(propuesto);
+  if (!carpeta.isEmpty() && QDir(carpeta).exists()) dialogo.setDirectory(carpeta);
+  if (!propuesto.isEmpty() && nombre.isAbsolute()) dialogo.setDirectory(nombre.absolutePath());
+  if (!propuesto.isEmpty()) dialogo.selectFile(nombre.fileName());
+  if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) return QString();
+  return dialogo.selectedFiles().first();
 }
 
-QString NombreGuardar(QWidget* padre, const QString& propuesto) {
+} // namespace
+
+QString NombreAbrir(QWidget* padre, const QString& carpeta) {
+  if (Actual().nombreAbrir) return Actual().nombreAbrir();
+  return PideNombre(padre, QFileDialog::AcceptOpen, QString(), carpeta);
+}
+
+QString NombreGuardar(QWidget* padre, const QString& propuesto, const QString& carpeta) {
   if (Actual().nombreGuardar) return Actual().nombreGuardar(propuesto);
-  return QFileDialog::getSaveFileName(padre, QStringLiteral("Guardar como"), propuesto,
-                                      QString::fromUtf8(kFiltros));
+  return PideNombre(padre, QFileDialog::AcceptSave, propuesto, carpeta);
 }
 
 } // namespace Dialogos

@@ -9,7 +9,7 @@ frmBuscar::frmBuscar(Buscador& buscador, Editor& editor, QWidget* padre)
     : QDialog(padre), buscador_(buscador), editor_(editor), campos_(this, editor, false) {
   setObjectName(QStringLiteral("frmBuscar"));
   setWindowTitle(QStringLiteral("Buscar"));
-  auto* cmdBuscar = new QPushButton(QStringLiteral("Buscar siguiente"), this);
+  auto* cmdBuscar = new QPushButton(QStringLiteral("Buscar &siguiente"), this);
   cmdBuscar->setObjectName(QStringLiteral("cmdBuscar"));
   campos_.Dispone(this, {cmdBuscar});
   connect(cmdBuscar, &QPushButton::clicked, this, &frmBuscar::BuscaSiguiente);

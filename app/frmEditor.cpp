@@ -12,6 +12,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 
 #include "app/Dialogos.h"
@@ -172,11 +173,18 @@ void frmEditor::CreaAcciones() {
   NuevaAccion("Nuevo", "&Nuevo", QKeySequence::New, [this] { Nuevo(); });
   NuevaAccion("Abrir", "&Abrir...", QKeySequence::Open, [this] { Abrir(); });
   NuevaAccion("Guardar", "&Guardar", QKeySequence::Save, [this] { Guardar(); });
-  NuevaAccion("GuardarComo", "Guardar &como...", QKeySequence::SaveAs, [this] { GuardarComo(); });
+  // Written out: the standard key of Guardar como is none on some desktops.
+  NuevaAccion("GuardarComo", "Guardar &como...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+              [this] { GuardarComo(); });
   NuevaAccion("Imprimir", "&Imprimir...", QKeySequence::Print, [this] { Imprimir(); });
   NuevaAccion("Salir", "&Salir", QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { Salir(); });
   NuevaAccion("Deshacer", "No se puede deshacer", QKeySequence::Undo, [this] { Deshacer(); });
-  NuevaAccion("Rehacer", "No se puede rehacer", QKeySequence::Redo, [this] { Rehacer(); });
+  // Ctrl+Y as most editors, and Ctrl+Mayús+Z as the desktops have it; both
+  // written out, as the platform's standard list differs between desktops.
+  NuevaAccion("Rehacer", "No se puede rehacer", QKeySequence(Qt::CTRL | Qt::Key_Y),
+              [this] { Rehacer(); })
+      ->setShortcuts(
+          {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   NuevaAccion("Cortar", "Cor&tar", QKeySequence::Cut, [this] { Cortar(); });
   NuevaAccion("Copiar", "&Copiar", QKeySequence::Copy, [this] { Copiar(); });
   NuevaAccion("Pegar", "&Pegar", QKeySequence::Paste, [this] { Pegar(); });
@@ -220,6 +228,20 @@ void frmEditor::CreaMenus() {
   QMenu* ayuda = menuBar()->addMenu("A&yuda");
   ayuda->setObjectName("Ayuda");
   añade(ayuda, {"Contenido", "", "AcercaDe"});
+  // A menu opened from the keyboard takes the keyboard to the menu bar, and
+  // closed with Escape leaves it there: the next letters typed would be read
+  // as the menu bar's mnemonics (the "y" of "y = x" opening Ayuda), also
+  // after a dialog, which hands the keyboard back to where it was. As on any
+  // Linux desktop, a menu that closes gives the keyboard back to the text,
+  // unless another menu of the bar opens in its place.
+  for (QMenu* menu : {archivo, menuEdicion_, opciones, ayuda})
+    connect(menu, &QMenu::aboutToHide, this, [this, menu] {
+      QTimer::singleShot(0, this, [this, menu] {
+        QWidget* abierto = QApplication::activePopupWidget();
+        if ((!abierto || abierto == menu) && menuBar()->hasFocus())
+          picEdit_->setFocus(Qt::OtherFocusReason);
+      });
+    });
 }
 
 void frmEditor::CreaBarra() {
@@ -338,7 +360,7 @@ void frmEditor::Nuevo() {
 
 void frmEditor::Abrir() {
   if (!PreguntaGuardar()) return;
-  const QString ruta = Dialogos::NombreAbrir(this);
+  const QString ruta = Dialogos::NombreAbrir(this, ultimaCarpeta_);
   if (!ruta.isEmpty()) AbreArchivo(ruta);
 }
 
@@ -348,6 +370,7 @@ bool frmEditor::AbreArchivo(const QString& ruta) {
     Dialogos::Aviso(this, QString::fromStdString(error));
     return false;
   }
+  ultimaCarpeta_ = QFileInfo(ruta).absolutePath();
   picEdit_->Actualiza();
   return true;
 }
@@ -409,13 +432,15 @@ bool frmEditor::Guardar() {
 
 bool frmEditor::GuardarComo() {
   const QString ruta = Dialogos::NombreGuardar(
-      this, QString::fromStdString(archivo_.TieneArchivo() ? archivo_.ruta : archivo_.nombre));
+      this, QString::fromStdString(archivo_.TieneArchivo() ? archivo_.ruta : archivo_.nombre),
+      ultimaCarpeta_);
   if (ruta.isEmpty()) return false;
   std::string error;
   if (!GuardaArchivo(editor_, archivo_, ruta.toStdString(), error)) {
     Dialogos::Aviso(this, QString::fromStdString(error));
     return false;
   }
+  ultimaCarpeta_ = QFileInfo(ruta).absolutePath();
   TrasCambio();
   return true;
 }

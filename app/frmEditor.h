@@ -115,5 +115,6 @@ private:
   QTimer RelojCursor;
   QTimer RelojGeneral;
   QMap<QString, QAction*> acciones_;
+  QString ultimaCarpeta_; // where the last document was opened or saved
   QMenu* menuEdicion_ = nullptr;
 };

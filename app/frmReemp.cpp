@@ -10,9 +10,9 @@ frmReemp::frmReemp(Buscador& buscador, Editor& editor, QWidget* padre)
     : QDialog(padre), buscador_(buscador), editor_(editor), campos_(this, editor, true) {
   setObjectName(QStringLiteral("frmReemp"));
   setWindowTitle(QStringLiteral("Reemplazar"));
-  auto* cmdSí = new QPushButton(QStringLiteral("Reemplazar"), this);
+  auto* cmdSí = new QPushButton(QStringLiteral("&Reemplazar"), this);
   cmdSí->setObjectName(QStringLiteral("cmdSí"));
-  auto* cmdReplaceAll = new QPushButton(QStringLiteral("Reemplazar todo"), this);
+  auto* cmdReplaceAll = new QPushButton(QStringLiteral("Reemplazar &todo"), this);
   cmdReplaceAll->setObjectName(QStringLiteral("cmdReplaceAll"));
   campos_.Dispone(this, {cmdSí, cmdReplaceAll});
   connect(cmdSí, &QPushButton::clicked, this, &frmReemp::ReemplazaUnoAUno);

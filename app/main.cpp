@@ -13,6 +13,7 @@
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
+  Dialogos::CargaTraducciones(); // before any window or shortcut is made
   QApplication::setApplicationName(QStringLiteral("Mirkal"));
   QApplication::setApplicationVersion(QStringLiteral(MIRKAL_VERSION));
   // The engines' warnings to a programmer appear as warning boxes titled

@@ -293,6 +293,96 @@ TEST_F(VentanaTest, ImprimeCadaFilaConSaltosDePagina) {
   EXPECT_TRUE(avisos.isEmpty());
 }
 
+// A menu closed with Escape, then a question answered: the next letters typed
+// go into the text, not to the menu bar's mnemonics (the "y" of "y = x"
+// would open Ayuda).
+TEST_F(VentanaTest, ElTecladoVuelveAlTextoTrasUnMenuYUnaPregunta) {
+  frmEditor& w = NuevaVentana();
+  Teclea(w.Vista(), "a");
+  QTest::keyClick(&w, Qt::Key_E, Qt::AltModifier);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_TRUE(menu);
+  EXPECT_EQ(S(menu->objectName()), "Edición");
+  QTest::keyClick(menu, Qt::Key_Escape);
+  QTest::qWait(20);   // a user's keys come with the event loop running in between
+  w.activateWindow(); // as the window manager gives the window back its keyboard
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&w));
+  pasos << "No";
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::ControlModifier);
+  ASSERT_EQ(preguntas.size(), 1);
+  Teclea(QApplication::focusWidget(), "y = x");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(QApplication::focusWidget(), w.Vista());
+  EXPECT_EQ(w.Modelo().Doc().GetTextFila(0), "y = x");
+}
+
+// The find dialog's boxes answer to their underlined letters.
+TEST_F(VentanaTest, LasCasillasDeBuscarTienenSuLetra) {
+  frmEditor& w = NuevaVentana();
+  QStringList marcadas;
+  ConDialogo([&] { w.Buscar(); },
+             [&](QDialog& d) {
+               EXPECT_TRUE(QTest::qWaitForWindowActive(&d));
+               for (const auto& [letra, nombre] :
+                    {std::pair(Qt::Key_M, "chkMayusMinus"), std::pair(Qt::Key_C, "chkPalCmp")}) {
+                 QTest::keyClick(&d, letra, Qt::AltModifier);
+                 // A button's letter clicks it after a short visible press.
+                 const auto* casilla = d.findChild<QCheckBox*>(nombre);
+                 if (QTest::qWaitFor([&] { return casilla->isChecked(); }, 2000))
+                   marcadas << nombre;
+               }
+             });
+  EXPECT_EQ(marcadas, QStringList({"chkMayusMinus", "chkPalCmp"}));
+}
+
+// Qt's own dialogs, buttons, context menus and key names speak Spanish.
+TEST(Espanol, LosDialogosYLasTeclasDeQt) {
+  QMessageBox caja(QMessageBox::Question, "Mirkal", "?",
+                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  EXPECT_EQ(S(caja.button(QMessageBox::Yes)->text().remove('&')), "Sí");
+  EXPECT_EQ(S(caja.button(QMessageBox::Cancel)->text().remove('&')), "Cancelar");
+  // Spain's Spanish of Qt names the key in full.
+  EXPECT_EQ(S(QKeySequence(Qt::SHIFT | Qt::Key_F5).toString(QKeySequence::NativeText)),
+            "Mayúsculas+F5");
+  QLineEdit caja2;
+  std::unique_ptr<QMenu> contextual(caja2.createStandardContextMenu());
+  QStringList textos;
+  for (const QAction* a : contextual->actions())
+    if (!a->isSeparator()) textos << a->text().remove('&').section('\t', 0, 0);
+  EXPECT_TRUE(textos.contains("Deshacer") && textos.contains("Pegar")) << S(textos.join(","));
+}
+
+// The Open dialog opens in the last folder and speaks Spanish; the Save As
+// dialog adds ".txt" to a name typed without an extension.
+TEST(Espanol, LosDialogosDeArchivo) {
+  Dialogos::FijaRespondedor({});
+  QTemporaryDir carpeta;
+  QString dondeAbre;
+  QStringList textos;
+  ConDialogo([&] { Dialogos::NombreAbrir(nullptr, carpeta.path()); },
+             [&](QDialog& d) {
+               dondeAbre = qobject_cast<QFileDialog*>(&d)->directory().absolutePath();
+               for (const QLabel* l : d.findChildren<QLabel*>())
+                 textos << l->text().remove('&');
+               for (const QPushButton* b : d.findChildren<QPushButton*>())
+                 textos << b->text().remove('&');
+             });
+  EXPECT_EQ(dondeAbre, QDir(carpeta.path()).absolutePath());
+  for (const char* visto : {"Ver en:", "Nombre de fichero:", "Abrir", "Cancelar"})
+    EXPECT_TRUE(textos.contains(QString::fromUtf8(visto)))
+        << visto << " en " << S(textos.join(","));
+  const QString guardado = [&] {
+    QString r;
+    ConDialogo([&] { r = Dialogos::NombreGuardar(nullptr, "SinNombre.txt", carpeta.path()); },
+               [&](QDialog& d) {
+                 d.findChild<QLineEdit*>("fileNameEdit")->setText("nuevo");
+                 d.accept(); // QFileDialog's own, through QDialog's public one
+               });
+    return r;
+  }();
+  EXPECT_EQ(guardado, QDir(carpeta.path()).filePath("nuevo.txt"));
+}
+
 // Settings accepted in the presentation dialog reach the text area at once
 // (font size, scroll bars, colours, tab width) and survive a restart;
 // nonsense in the settings file is drawn with the defaults; a file that
@@ -353,6 +443,7 @@ TEST(AyudaTest, ContenidoVuelveAlIndice) {
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
+  if (!Dialogos::CargaTraducciones()) return 1; // scripts/deps installs them
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
