@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QPixmap>
+#include <QScreen>
 #include <QTimer>
 
 #include "app/AlmacenAjustesQt.h"
@@ -26,24 +27,44 @@ int main(int argc, char** argv) {
   frmEditor ventana(almacen);
   QStringList args = QApplication::arguments();
   args.removeFirst();
-  // --captura IMAGEN: differentiates the document, saves a picture of the
-  // window and ends (scripts/screenshot uses it to show the program at work).
-  QString captura;
-  if (const auto i = args.indexOf(QStringLiteral("--captura")); i >= 0 && i + 1 < args.size()) {
-    captura = args[i + 1];
-    args.remove(i, 2);
-  }
+  // --captura IMAGEN: differentiates the document and saves a picture of the
+  // screen, window manager's frame included; --captura-guardar IMAGEN does
+  // the same with the Save As dialog open. Both end the program then
+  // (scripts/screenshot uses them to show the program at work).
+  QString captura, capturaGuardar;
+  for (const auto& [opcion, destino] :
+       {std::pair(QStringLiteral("--captura"), &captura),
+        std::pair(QStringLiteral("--captura-guardar"), &capturaGuardar)})
+    if (const auto i = args.indexOf(opcion); i >= 0 && i + 1 < args.size()) {
+      *destino = args[i + 1];
+      args.remove(i, 2);
+    }
   if (!args.isEmpty()) ventana.AbreArchivo(QFileInfo(args.first()).absoluteFilePath());
   ventana.show();
+  const auto fotografia = [](const QString& imagen) {
+    return QGuiApplication::primaryScreen()->grabWindow(0).save(imagen, "PNG");
+  };
   if (!captura.isEmpty()) {
-    QTimer::singleShot(300, &ventana, [&] {
+    QTimer::singleShot(500, &ventana, [&] {
       ventana.Derivar();
-      QTimer::singleShot(300, &ventana, [&] {
-        const bool guardada = ventana.grab().save(captura, "PNG");
+      QTimer::singleShot(500, &ventana, [&] {
+        const bool guardada = fotografia(captura);
         ventana.Modelo().Modificado(false); // nothing to ask when a picture was all it was for
         ventana.close();
         QApplication::exit(guardada ? 0 : 1);
       });
+    });
+  } else if (!capturaGuardar.isEmpty()) {
+    QTimer::singleShot(500, &ventana, [&] {
+      bool guardada = false;
+      QTimer::singleShot(800, &ventana, [&] {
+        guardada = fotografia(capturaGuardar);
+        if (QWidget* dialogo = QApplication::activeModalWidget()) dialogo->close();
+      });
+      ventana.GuardarComo();
+      ventana.Modelo().Modificado(false);
+      ventana.close();
+      QApplication::exit(guardada ? 0 : 1);
     });
   }
   return app.exec();
