@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -28,11 +29,13 @@
 
 namespace {
 
-// A toolbar picture: the theme's icon where the desktop has one, otherwise a
-// small drawn sign, so that every button shows something on any desktop.
+// A toolbar picture: the desktop theme's icon, or its symbolic form, which
+// is all that some themes (Adwaita) have; otherwise a small drawn sign, so
+// that every button shows something on any desktop.
 QIcon IconoBoton(const QString& tema, const QString& signo, const QColor& color) {
-  const QIcon deTema = QIcon::fromTheme(tema);
-  if (!deTema.isNull()) return deTema;
+  for (const QString& nombre : {tema, tema + QStringLiteral("-symbolic")})
+    if (const QIcon deTema = QIcon::fromTheme(nombre); !tema.isEmpty() && !deTema.isNull())
+      return deTema;
   QPixmap dibujo(32, 32);
   dibujo.fill(Qt::transparent);
   QPainter p(&dibujo);
@@ -88,9 +91,25 @@ QString NombreEjecutable() {
 
 } // namespace
 
+// The program's icon is compiled into this static library, whose resources
+// the linker would leave out unless something asks for them by name.
+static void CargaRecursos() { Q_INIT_RESOURCE(mirkal); }
+
 frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
     : QMainWindow(padre), presentacion_(almacen), buscador_(editor_) {
   setObjectName(QStringLiteral("frmEditor"));
+  CargaRecursos();
+  setWindowIcon(QIcon(QStringLiteral(":/mirkal.svg")));
+  // Under a bare window manager no desktop names an icon theme nor where
+  // themes live: Debian's Adwaita, which the program depends on, stands in,
+  // looked for where the system keeps its data.
+  if (QIcon::themeName().isEmpty() || QIcon::themeName() == QStringLiteral("hicolor")) {
+    QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() +
+                               QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                                         QStringLiteral("icons"),
+                                                         QStandardPaths::LocateDirectory));
+    QIcon::setThemeName(QStringLiteral("Adwaita"));
+  }
   CargaPresentacion();
   picEdit_ = new VistaEditor(editor_, presentacion_, this);
   setCentralWidget(picEdit_);

@@ -316,6 +316,18 @@ TEST_F(VentanaTest, ElTecladoVuelveAlTextoTrasUnMenuYUnaPregunta) {
   EXPECT_EQ(w.Modelo().Doc().GetTextFila(0), "y = x");
 }
 
+// The toolbar shows the desktop theme's icons (Adwaita stands in under a bare
+// window manager), and the window carries the program's own icon.
+TEST_F(VentanaTest, LaBarraMuestraLosIconosDelTema) {
+  frmEditor& w = NuevaVentana();
+  for (const QAction* a : w.BarraH()->actions()) {
+    if (!a->isSeparator() && a->objectName() != "Derivar") {
+      EXPECT_FALSE(a->icon().name().isEmpty()) << S(a->objectName());
+    }
+  }
+  EXPECT_FALSE(w.windowIcon().pixmap(32, 32).toImage().isNull());
+}
+
 // The find dialog's boxes answer to their underlined letters.
 TEST_F(VentanaTest, LasCasillasDeBuscarTienenSuLetra) {
   frmEditor& w = NuevaVentana();
