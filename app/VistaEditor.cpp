@@ -84,7 +84,9 @@ int VistaEditor::ColumnasVisibles() const {
 
 void VistaEditor::AjustaBarras() {
   const Documento& doc = editor_.Doc();
-  verticalScrollBar()->setRange(0, std::max(0, doc.NumFilas() - 1));
+  // Scrolled to the bottom, the last row stands at the view's foot: the last
+  // page is full, not the last row alone at the top.
+  verticalScrollBar()->setRange(0, std::max(0, doc.NumFilas() - FilasVisibles()));
   verticalScrollBar()->setPageStep(FilasVisibles());
   int ancho = Documento::kMaxCeldas;
   const int fila = doc.Cursor().fila;
@@ -147,8 +149,7 @@ void VistaEditor::Despues(bool cambioDocumento) {
 
 void VistaEditor::ParpadeaCursor() {
   cursorVisible_ = !cursorVisible_;
-  const Posicion c = editor_.Doc().Cursor();
-  viewport()->update(RectanguloCelda(c.fila, c.col).adjusted(-2, 0, 2, 0));
+  viewport()->update(RectanguloCursor());
 }
 
 void VistaEditor::paintEvent(QPaintEvent* evento) {
@@ -198,15 +199,15 @@ void VistaEditor::PintaFila(QPainter& p, int f) {
     p.fillRect(RectanguloCelda(f, static_cast<int>(celdas.size())), fondoSel);
 }
 
-// A bar before the cell when inserting, a thick underline when overwriting.
-void VistaEditor::PintaCursor(QPainter& p) {
+QRect VistaEditor::RectanguloCursor() const {
   const Posicion cur = editor_.Doc().Cursor();
-  const QRect r = RectanguloCelda(cur.fila, cur.col);
-  p.setPen(QPen(Paleta(presentacion_.GetColorLetra(), 0), editor_.ModoInsertar() ? 2 : 3));
-  if (editor_.ModoInsertar())
-    p.drawLine(r.left(), r.top(), r.left(), r.bottom());
-  else
-    p.drawLine(r.left(), r.bottom() - 1, r.right(), r.bottom() - 1);
+  const QRect celda = RectanguloCelda(cur.fila, cur.col);
+  if (editor_.ModoInsertar()) return QRect(celda.left(), celda.top(), 2, celda.height());
+  return QRect(celda.left(), celda.bottom() - 2, celda.width(), 3);
+}
+
+void VistaEditor::PintaCursor(QPainter& p) {
+  p.fillRect(RectanguloCursor(), Paleta(presentacion_.GetColorLetra(), 0));
 }
 
 void VistaEditor::Escribe(const QString& texto) {
@@ -229,6 +230,12 @@ constexpr std::pair<int, int> kTeclasMovimiento[] = {
     {Qt::Key_Right, kDerecha},  {Qt::Key_Left, kIzquierda}, {Qt::Key_Up, kArriba},
     {Qt::Key_Down, kAbajo},     {Qt::Key_Home, kInicio},    {Qt::Key_End, kFin},
     {Qt::Key_PageDown, kAvPag}, {Qt::Key_PageUp, kRePag}};
+constexpr std::pair<int, int> kTeclasConControl[] = {{Qt::Key_Home, kInicioDoc},
+                                                     {Qt::Key_End, kFinDoc},
+                                                     {Qt::Key_Left, kPalabraIzq},
+                                                     {Qt::Key_Right, kPalabraDer},
+                                                     {Qt::Key_Backspace, kRetrocesoPalabra},
+                                                     {Qt::Key_Delete, kSuprimirPalabra}};
 constexpr std::pair<int, int> kTeclasEdicion[] = {{Qt::Key_Backspace, kRetroceso},
                                                   {Qt::Key_Delete, kSuprimir},
                                                   {Qt::Key_Return, kSaltoLinea},
@@ -244,7 +251,18 @@ template <std::size_t N> int Codigo(const std::pair<int, int> (&tabla)[N], int t
 } // namespace
 
 void VistaEditor::keyPressEvent(QKeyEvent* e) {
-  // Shortcuts with Ctrl or Alt belong to the menus.
+  // Ctrl with the moving and deleting keys goes by words and to the
+  // document's ends; every other shortcut with Ctrl or Alt belongs to the menus.
+  if ((e->modifiers() & Qt::ControlModifier) && !(e->modifiers() & Qt::AltModifier)) {
+    if (const int codigo = Codigo(kTeclasConControl, e->key()); codigo >= 0) {
+      if (codigo == kRetrocesoPalabra || codigo == kSuprimirPalabra) {
+        editor_.EditaCmd(codigo);
+        return Despues(true);
+      }
+      editor_.MueveCursorCmd(codigo, e->modifiers() & Qt::ShiftModifier, FilasVisibles());
+      return Despues(false);
+    }
+  }
   if (e->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
     e->ignore();
     return;

@@ -35,6 +35,10 @@ public:
   // The cell under a point of the viewport.
   void CeldaEn(const QPoint& punto, int& fila, int& col) const;
   QRect RectanguloCelda(int fila, int col) const;
+  // Where the cursor is drawn, wholly inside its cell: a bar at the cell's
+  // left when inserting, a thick underline when overwriting. Blinking
+  // repaints exactly this, so that no part of it is left behind.
+  QRect RectanguloCursor() const;
 
 signals:
   void cursorMovido();

@@ -38,7 +38,6 @@ Posicion Editor::Aplica(const Reemplazo& r) {
   coloreador_.ColoreaFilas(doc_, r.pos.fila, fin.fila);
   const bool mismasFilas = finQuitado.fila == fin.fila;
   Marca(r.pos.fila, mismasFilas ? fin.fila : -1);
-  modificado_ = true;
   return fin;
 }
 
@@ -139,6 +138,16 @@ Resultado Editor::EditaCmd(int codigo, const std::string& texto) {
   case kSaltoLinea:
     return Cambia(kSaltoLinea, doc_.HaySel() ? doc_.InicioSel() : c,
                   doc_.HaySel() ? doc_.FinSel() : c, "\r\n");
+  case kRetrocesoPalabra:
+  case kSuprimirPalabra: {
+    const bool atras = codigo == kRetrocesoPalabra;
+    const int tipo = atras ? kRetroceso : kSuprimir;
+    if (doc_.HaySel()) return quitaSeleccion(tipo);
+    const Posicion otra = atras ? PalabraAntes(c) : PalabraDespues(c);
+    const Posicion desde = atras ? otra : c, hasta = atras ? c : otra;
+    if (desde == hasta || !CabeEnFilas(desde, hasta, "")) return {false, ""};
+    return Cambia(tipo, desde, hasta, "");
+  }
   default:
     return {false, ""};
   }
@@ -187,6 +196,18 @@ void Editor::MueveCursorCmd(int codigo, bool mayus, int filasPagina) {
   case kAbajo:
     p.fila = std::min(p.fila + 1, ultima);
     break;
+  case kInicioDoc:
+    p = {0, 0};
+    break;
+  case kFinDoc:
+    p = {ultima, doc_.LongFila(ultima)};
+    break;
+  case kPalabraIzq:
+    p = PalabraAntes(p);
+    break;
+  case kPalabraDer:
+    p = PalabraDespues(p);
+    break;
   case kInicio:
     p.col = 0;
     break;
@@ -202,7 +223,14 @@ void Editor::MueveCursorCmd(int codigo, bool mayus, int filasPagina) {
   default:
     return;
   }
+  const bool vertical =
+      codigo == kArriba || codigo == kAbajo || codigo == kAvPag || codigo == kRePag;
+  if (vertical) {
+    if (!(antes == trasVertical_)) colDeseada_ = antes.col;
+    p.col = colDeseada_; // the row may be shorter: the document keeps the cursor in it
+  }
   doc_.MueveCursor(p.fila, p.col);
+  trasVertical_ = vertical ? doc_.Cursor() : Posicion{-1, -1};
   Selecciona(antes, mayus);
   Marca(std::min(antes.fila, doc_.Cursor().fila), std::max(antes.fila, doc_.Cursor().fila));
 }
@@ -303,6 +331,39 @@ Resultado Editor::ReemplazaEnFila(int fila, int col, int largo, const std::strin
   const Posicion cur = doc_.Cursor();
   if (cur.fila == fila) doc_.MueveCursor(fila, cur.col);
   return {};
+}
+
+namespace {
+
+bool EnPalabra(const Documento& doc, int fila, int col) {
+  return EsCarPalabra(
+      static_cast<unsigned char>(doc.Fila(fila)[static_cast<std::size_t>(col)] & 0xFF));
+}
+
+} // namespace
+
+Posicion Editor::PalabraAntes(Posicion p) const {
+  if (p.col == 0) return p.fila > 0 ? Posicion{p.fila - 1, doc_.LongFila(p.fila - 1)} : p;
+  while (p.col > 0 && !EnPalabra(doc_, p.fila, p.col - 1))
+    --p.col;
+  while (p.col > 0 && EnPalabra(doc_, p.fila, p.col - 1))
+    --p.col;
+  return p;
+}
+
+Posicion Editor::PalabraDespues(Posicion p) const {
+  const int largo = doc_.LongFila(p.fila);
+  if (p.col >= largo) return p.fila + 1 < doc_.NumFilas() ? Posicion{p.fila + 1, 0} : p;
+  while (p.col < largo && !EnPalabra(doc_, p.fila, p.col))
+    ++p.col;
+  while (p.col < largo && EnPalabra(doc_, p.fila, p.col))
+    ++p.col;
+  return p;
+}
+
+void Editor::Modificado(bool valor) {
+  modificado_ = valor;
+  if (!valor) historial_.MarcaLimpio();
 }
 
 void Editor::Nuevo() { Carga({""}); }

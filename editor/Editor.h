@@ -31,8 +31,16 @@ enum MovimientoCursor : int {
   kInicio,
   kFin,
   kAvPag,
-  kRePag
+  kRePag,
+  kInicioDoc,  // Ctrl+Home: the document's start
+  kFinDoc,     // Ctrl+End: the end of its last row
+  kPalabraIzq, // Ctrl+Left: the start of this word or the one before
+  kPalabraDer  // Ctrl+Right: the end of this word or the next one
 };
+
+// Editing codes beyond the kinds of change: Ctrl+Backspace and Ctrl+Delete
+// delete back and forward as far as Ctrl+Left and Ctrl+Right would move.
+enum EdicionPalabra : int { kRetrocesoPalabra = 20, kSuprimirPalabra = 22 };
 
 class Editor {
 public:
@@ -51,10 +59,13 @@ public:
 
   // EditaCmd: 0 types `texto` (one character), 2 deletes the selection,
   // 4 Backspace, 6 Delete, 8 cuts (the cut text is left in CortadoCopiado()),
-  // 10 pastes `texto`, 14 breaks the row (Enter).
+  // 10 pastes `texto`, 14 breaks the row (Enter), 20 and 22 delete a word
+  // back or forward (EdicionPalabra).
   Resultado EditaCmd(int codigo, const std::string& texto = "");
   // Moves the cursor; with `mayus` (Shift) the selection follows it. Page
-  // Down and Page Up move by `filasPagina` rows.
+  // Down and Page Up move by `filasPagina` rows. Up, Down and the pages keep
+  // the column the cursor had before the first of them, through shorter
+  // rows, until the cursor is moved or placed otherwise.
   void MueveCursorCmd(int codigo, bool mayus, int filasPagina = 1);
   Resultado InsertaTab();
   // Writes text at the cursor as pasting does (the derivation results).
@@ -84,8 +95,10 @@ public:
   // A new, empty document, or rows read from a file (Windows-1252 bytes).
   void Nuevo();
   void Carga(const std::vector<std::string>& filas);
-  bool Modificado() const { return modificado_; }
-  void Modificado(bool valor) { modificado_ = valor; }
+  // Whether the text differs from the one last loaded or saved: false marks
+  // the present text as saved (undoing back to it is unmodified again).
+  bool Modificado() const { return modificado_ || !historial_.EnLimpio(); }
+  void Modificado(bool valor);
 
   // The rows the view must draw again since the last call: [desde, hasta],
   // hasta -1 meaning to the end of the document; desde -1 when none.
@@ -102,6 +115,11 @@ private:
   void Marca(int desde, int hasta);
   void Selecciona(Posicion anterior, bool mayus);
   void DejaSeleccion();
+  // Where Ctrl+Left and Ctrl+Right go from `p`: words are the language's
+  // names (letters, digits and "_"); a row's end or start steps to the next
+  // or previous row.
+  Posicion PalabraAntes(Posicion p) const;
+  Posicion PalabraDespues(Posicion p) const;
 
   Documento doc_;
   Historial historial_;
@@ -110,6 +128,9 @@ private:
   int colorLetra_ = 0;
   int espTab_ = 4;
   bool modoInsertar_ = true;
-  bool modificado_ = false;
+  bool modificado_ = false; // marked so by the window, whatever the history says
+  // The column Up and Down keep, and where they left the cursor.
+  int colDeseada_ = 0;
+  Posicion trasVertical_{-1, -1};
   FilasADibujar cambios_;
 };

@@ -38,7 +38,16 @@ void Historial::NuevoPasoHistorial() {
   } else {
     registros_.erase(registros_.begin()); // the oldest record gives way
     registros_.emplace_back();
+    // The states move down one place; the one before the oldest record is
+    // gone for good.
+    limpio_ = limpio_ >= 0 ? limpio_ - 1 : kInalcanzable;
   }
+}
+
+void Historial::CortaRehacer() {
+  ult_ = pos_;
+  registros_.resize(static_cast<std::size_t>(ult_ + 1));
+  if (limpio_ > pos_) limpio_ = kInalcanzable;
 }
 
 // Whether `nuevo` continues `previo`, and if so merges it in: typing goes on
@@ -71,9 +80,11 @@ bool Historial::Continua(Cambio& previo, const Cambio& nuevo) {
 }
 
 void Historial::RegistraCambio(const Cambio& cambio) {
-  ult_ = pos_; // a new change discards what could be redone
-  registros_.resize(static_cast<std::size_t>(ult_ + 1));
-  if (pos_ >= 0 && Continua(registros_[static_cast<std::size_t>(pos_)], cambio)) return;
+  CortaRehacer(); // a new change discards what could be redone
+  // The saved record is not continued: undoing the new typing must come
+  // back to the saved text.
+  if (pos_ >= 0 && pos_ != limpio_ && Continua(registros_[static_cast<std::size_t>(pos_)], cambio))
+    return;
   NuevoPasoHistorial();
   registros_[static_cast<std::size_t>(pos_)] = cambio;
 }
@@ -97,7 +108,8 @@ std::string Historial::TextoRehacer() const {
 }
 
 void Historial::AñadePaso(const Reemplazo& paso) {
-  ult_ = pos_;
-  registros_.resize(static_cast<std::size_t>(ult_ + 1));
-  if (pos_ >= 0) registros_[static_cast<std::size_t>(pos_)].pasos.push_back(paso);
+  CortaRehacer();
+  if (pos_ < 0) return;
+  registros_[static_cast<std::size_t>(pos_)].pasos.push_back(paso);
+  if (limpio_ == pos_) limpio_ = kInalcanzable; // the saved text is no longer this record's
 }

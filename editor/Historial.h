@@ -62,7 +62,14 @@ public:
 
   int PosHistorial() const { return pos_; }
   int UltHistorial() const { return ult_; }
-  void Vacia() { registros_.clear(), pos_ = ult_ = -1; }
+  void Vacia() { registros_.clear(), pos_ = ult_ = limpio_ = -1; }
+
+  // The clean state: where the document was last loaded or saved. Undoing
+  // or redoing back to it leaves the document unmodified; a change that
+  // discards it (a new change after undoing past it, the record it was in
+  // dropped, that record changed) makes it unreachable until the next save.
+  void MarcaLimpio() { limpio_ = pos_; }
+  bool EnLimpio() const { return pos_ == limpio_; }
 
   // The word of a kind in the captions ("escribir", ...; "" for Enter).
   static std::string Palabra(int tipo);
@@ -71,6 +78,11 @@ private:
   void NuevoPasoHistorial();
   static bool Continua(Cambio& previo, const Cambio& nuevo);
 
+  // Discards what could be redone, and with it a clean state there.
+  void CortaRehacer();
+
+  static constexpr int kInalcanzable = -2;
   std::vector<Cambio> registros_;
   int pos_ = -1, ult_ = -1;
+  int limpio_ = -1;
 };

@@ -61,11 +61,18 @@ const std::map<std::string, std::function<R(Editor&, const std::string&)>> kOrde
     {"EspTab", [](Editor& e, auto& a) -> R { return e.EspTab(N(a, 0)), R{}; }},
     {"Colores", [](Editor& e, auto& a) -> R { return e.Colores(N(a, 0), N(a, 1), N(a, 2)), R{}; }},
 };
-const std::map<std::string, int> kTeclas{{"Borra", kEliminarSel}, {"Retroceso", kRetroceso},
-                                         {"Suprime", kSuprimir},  {"Corta", kCortar},
-                                         {"Pega", kPegar},        {"Intro", kSaltoLinea}};
-const std::string kMovimientos[] = {"Derecha", "Izquierda", "Arriba", "Abajo",
-                                    "Inicio",  "Fin",       "AvPag",  "RePag"};
+const std::map<std::string, int> kTeclas{{"Borra", kEliminarSel},
+                                         {"Retroceso", kRetroceso},
+                                         {"Suprime", kSuprimir},
+                                         {"Corta", kCortar},
+                                         {"Pega", kPegar},
+                                         {"Intro", kSaltoLinea},
+                                         {"RetrocesoPalabra", kRetrocesoPalabra},
+                                         {"SuprimePalabra", kSuprimirPalabra}};
+// In the order of the movement codes.
+const std::string kMovimientos[] = {"Derecha",   "Izquierda", "Arriba",     "Abajo",
+                                    "Inicio",    "Fin",       "AvPag",      "RePag",
+                                    "InicioDoc", "FinDoc",    "PalabraIzq", "PalabraDer"};
 
 // Runs the commands of a field: a name, perhaps with an argument in
 // parentheses that ends at a ")" before a blank or the field's end. Each
@@ -141,6 +148,10 @@ TEST_P(Edicion, Casos) {
     const std::string aviso = c.size() > 5 ? c[5] : "";
     EXPECT_EQ(avisos.empty(), aviso.empty()) << avisos;
     EXPECT_NE(avisos.find(aviso), std::string::npos) << avisos;
+  } else if (c[0] == "modificado") {
+    Prepara(ed, c[1]);
+    Ejecuta(ed, c[2], avisos);
+    EXPECT_EQ(ed.Modificado() ? "sí" : "no", c[3]);
   } else if (c[0] == "colores") {
     // One hexadecimal digit per cell: its colour index; "." for a blank,
     // whose colour never shows.
@@ -180,6 +191,24 @@ TEST(Editor, OnlyTheLast32ChangesUndo) {
   for (int i = 0; i < 33; ++i)
     ed.Rehacer();
   EXPECT_EQ(Texto(ed), todo);
+}
+
+// A save is reachable by undoing while its record is kept: after 32 more
+// records it is the state before the oldest one; one record more drops it.
+TEST(Editor, UnGuardadoSeAlcanzaMientrasQuedaSuRegistro) {
+  for (const int mas : {Historial::kMaxRegistros, Historial::kMaxRegistros + 1}) {
+    Editor ed;
+    ed.EditaCmd(kEscribir, "a");
+    ed.Modificado(false);
+    for (int i = 0; i < mas; ++i) {
+      ed.MueveCursorCmd(kInicio, false); // typing elsewhere starts a new record
+      ed.EditaCmd(kEscribir, "b");
+    }
+    while (ed.Hist().PuedeDeshacer())
+      ed.Deshacer();
+    EXPECT_EQ(Texto(ed), mas == Historial::kMaxRegistros ? "a" : "ba");
+    EXPECT_EQ(ed.Modificado(), mas > Historial::kMaxRegistros) << mas;
+  }
 }
 
 } // namespace

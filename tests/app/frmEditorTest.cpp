@@ -328,6 +328,51 @@ TEST_F(VentanaTest, LaBarraMuestraLosIconosDelTema) {
   EXPECT_FALSE(w.windowIcon().pixmap(32, 32).toImage().isNull());
 }
 
+// Scrolled to the bottom, a long document shows its last row at the view's
+// foot, not alone at the top of an empty page.
+TEST_F(VentanaTest, AlFondoSeVeLaUltimaPagina) {
+  frmEditor& w = NuevaVentana();
+  w.Modelo().Carga(std::vector<std::string>(100000, "fila"));
+  w.Vista()->Actualiza();
+  QScrollBar* barra = w.Vista()->verticalScrollBar();
+  barra->setValue(barra->maximum());
+  const QRect area = w.Vista()->viewport()->rect();
+  EXPECT_TRUE(area.contains(w.Vista()->RectanguloCelda(99999, 0)));
+  const int primera = 100000 - w.Vista()->FilasVisibles();
+  EXPECT_TRUE(area.contains(w.Vista()->RectanguloCelda(primera, 0)));
+  EXPECT_LT(w.Vista()->RectanguloCelda(primera - 1, 0).top(), 0);
+}
+
+// The cursor is drawn and erased whole: after moving over empty rows and
+// blinking off, what the window holds on screen shows no trace of it.
+TEST_F(VentanaTest, ElCursorNoDejaRastro) {
+  frmEditor& w = NuevaVentana();
+  VistaEditor* v = w.Vista();
+  Teclea(v, "\n\n\n");
+  const auto pinta = [] { QTest::qWait(30); };
+  for (const Qt::Key tecla : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Down}) {
+    QTest::keyClick(v, tecla);
+    pinta();
+  }
+  const auto trazos = [&] { // pixels of the cursor's colour, as the screen holds them
+    const QImage pantalla = QGuiApplication::primaryScreen()->grabWindow(w.winId()).toImage();
+    const QRect area(v->viewport()->mapTo(&w, QPoint(0, 0)), v->viewport()->size());
+    const QRgb cursor = QColor::fromRgb(ColorPaleta(0)).rgb();
+    QList<QPoint> vistos;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+      for (int x = area.left(); x <= area.right(); ++x)
+        if (pantalla.pixel(x, y) == cursor) vistos << QPoint(x, y) - area.topLeft();
+    return vistos;
+  };
+  const QList<QPoint> encendido = trazos();
+  ASSERT_FALSE(encendido.isEmpty());
+  for (const QPoint& punto : encendido)
+    EXPECT_TRUE(v->RectanguloCursor().contains(punto)) << punto.x() << "," << punto.y();
+  v->ParpadeaCursor();
+  pinta();
+  EXPECT_TRUE(trazos().isEmpty()) << trazos().size();
+}
+
 // The find dialog's boxes answer to their underlined letters.
 TEST_F(VentanaTest, LasCasillasDeBuscarTienenSuLetra) {
   frmEditor& w = NuevaVentana();
