@@ -17,6 +17,7 @@
 #include <QToolBar>
 
 #include "app/Dialogos.h"
+#include "app/Impresion.h"
 #include "app/VentanaAyuda.h"
 #include "app/VistaEditor.h"
 #include "app/frmAcercaDe.h"
@@ -196,6 +197,8 @@ void frmEditor::CreaAcciones() {
   NuevaAccion("GuardarComo", "Guardar &como...", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
               [this] { GuardarComo(); });
   NuevaAccion("Imprimir", "&Imprimir...", QKeySequence::Print, [this] { Imprimir(); });
+  NuevaAccion("VistaPrevia", "&Vista previa...", QKeySequence(),
+              [this] { VistaPreviaImpresion(); });
   NuevaAccion("Salir", "&Salir", QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { Salir(); });
   NuevaAccion("Deshacer", "No se puede deshacer", QKeySequence::Undo, [this] { Deshacer(); });
   // Ctrl+Y as most editors, and Ctrl+Mayús+Z as the desktops have it; both
@@ -236,7 +239,8 @@ void frmEditor::CreaMenus() {
   };
   QMenu* archivo = menuBar()->addMenu("&Archivo");
   archivo->setObjectName("Archivo");
-  añade(archivo, {"Nuevo", "Abrir", "Guardar", "GuardarComo", "", "Imprimir", "", "Salir"});
+  añade(archivo,
+        {"Nuevo", "Abrir", "Guardar", "GuardarComo", "", "VistaPrevia", "Imprimir", "", "Salir"});
   menuEdicion_ = menuBar()->addMenu("&Edición");
   menuEdicion_->setObjectName("Edición");
   añade(menuEdicion_, {"Deshacer", "Rehacer", "", "Cortar", "Copiar", "Pegar", "Eliminar", "",
@@ -472,30 +476,12 @@ void frmEditor::Imprimir() {
 }
 
 void frmEditor::ImprimeEn(QPrinter& impresora) {
-  QPainter p;
-  if (!p.begin(&impresora)) {
+  if (!ImprimeDocumento(impresora, editor_.Doc(), QString::fromStdString(archivo_.nombre)))
     Dialogos::Aviso(this, "No se pudo abrir la impresora.");
-    return;
-  }
-  QFont fuente;
-  fuente.setFamilies({"Courier New", "Liberation Mono", "DejaVu Sans Mono", "Monospace"});
-  fuente.setStyleHint(QFont::TypeWriter);
-  fuente.setPointSizeF(10);
-  p.setFont(fuente);
-  const QFontMetrics m(fuente, &impresora);
-  const QRect pagina = p.viewport();
-  const int alto = m.height();
-  int y = m.ascent();
-  const Documento& doc = editor_.Doc();
-  for (int f = 0; f < doc.NumFilas(); ++f) {
-    if (y > pagina.height() - m.descent()) {
-      impresora.newPage();
-      y = m.ascent();
-    }
-    p.drawText(0, y, QString::fromStdString(doc.GetTextFila(f)));
-    y += alto;
-  }
-  p.end();
+}
+
+void frmEditor::VistaPreviaImpresion() {
+  VistaPrevia(this, editor_.Doc(), QString::fromStdString(archivo_.nombre));
 }
 
 void frmEditor::Salir() { close(); }

@@ -59,6 +59,7 @@ public slots:
   bool Guardar();
   bool GuardarComo();
   void Imprimir();
+  void VistaPreviaImpresion();
   void Salir();
   void Deshacer();
   void Rehacer();

@@ -440,6 +440,31 @@ TEST(Espanol, LosDialogosDeArchivo) {
   EXPECT_EQ(guardado, QDir(carpeta.path()).filePath("nuevo.txt"));
 }
 
+// A row wider than the page is printed whole, going on in marked lines, with
+// the file's name at the head of the page and its number at the foot; read
+// back from the PDF by pdftotext (poppler-utils), every character is there.
+TEST_F(VentanaTest, ImprimeLasFilasLargasEnteras) {
+  frmEditor& w = NuevaVentana();
+  QString larga;
+  for (int i = 0; larga.size() < 302; ++i)
+    larga += QString("y%1=Sin(x)^%2+").arg(i).arg(i % 7);
+  larga.truncate(302);
+  w.Modelo().Carga({"' cabecera", larga.toStdString(), "y = x"});
+  QPrinter impresora(QPrinter::HighResolution);
+  impresora.setOutputFileName(Ruta("doc.pdf"));
+  w.ImprimeEn(impresora);
+  QProcess pdftotext;
+  pdftotext.start("pdftotext", {"-layout", Ruta("doc.pdf"), "-"});
+  ASSERT_TRUE(pdftotext.waitForFinished(20000));
+  QString texto = QString::fromUtf8(pdftotext.readAllStandardOutput());
+  EXPECT_TRUE(texto.contains("SinNombre.txt")) << S(texto);
+  EXPECT_TRUE(texto.contains("Página 1 de 1")) << S(texto);
+  // The row's lines joined again: without the page's blanks and the marks.
+  texto.remove(QRegularExpression("\\s+(» )?"));
+  EXPECT_TRUE(texto.contains(larga)) << S(texto);
+  EXPECT_TRUE(avisos.isEmpty());
+}
+
 // Settings accepted in the presentation dialog reach the text area at once
 // (font size, scroll bars, colours, tab width) and survive a restart;
 // nonsense in the settings file is drawn with the defaults; a file that
