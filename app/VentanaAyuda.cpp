@@ -22,13 +22,14 @@ bool TieneAyuda(const QString& carpeta) {
 
 } // namespace
 
+// Beside the program, as the build leaves it, or where an installation puts
+// it, relative to the program: bin/mirkal and share/mirkal/help.
 QString VentanaAyuda::CarpetaAyuda() {
-  const QString junto = QCoreApplication::applicationDirPath() + QStringLiteral("/help");
-  if (TieneAyuda(junto)) return junto;
-#ifdef MIRKAL_AYUDA_FUENTE
-  const QString fuente = QStringLiteral(MIRKAL_AYUDA_FUENTE);
-  if (TieneAyuda(fuente)) return fuente;
-#endif
+  const QDir programa(QCoreApplication::applicationDirPath());
+  for (const QString& carpeta :
+       {programa.filePath(QStringLiteral("help")),
+        programa.filePath(QStringLiteral("../share/mirkal/help"))})
+    if (TieneAyuda(carpeta)) return QDir::cleanPath(carpeta);
   return QString();
 }
 
