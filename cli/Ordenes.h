@@ -17,6 +17,7 @@ int OrdenSimplificar(const Argumentos& args);
 int OrdenDespejar(const Argumentos& args);
 int OrdenDerivar(const Argumentos& args);
 int OrdenFormato(const Argumentos& args);
+int OrdenAnalizar(const Argumentos& args);
 
 // Writes the short usage to standard error and returns kSalidaUso.
 int ErrorDeUso(const std::string& motivo);

@@ -35,6 +35,16 @@ constexpr const char* kUso =
     "      sustituye las constantes); --constantes sustituye Pi y e por su valor.\n"
     "  despejar EXPRESIÓN VARIABLE\n"
     "      Resuelve EXPRESIÓN = 0 para VARIABLE si tiene la forma a*VARIABLE^n + b.\n"
+    "  analizar [opciones] ECUACIÓN\n"
+    "      dy/dx en su forma más simple y d2y/dx2; con --en x=3,y=4, sus valores\n"
+    "      en ese punto y las rectas tangente y normal.\n"
+    "      --vd NOMBRE, --vi NOMBRE  variables dependiente e independiente (y, x)\n"
+    "      --en PUNTO             valores de las variables: x=3,y=4 (en una\n"
+    "                             ecuación explícita basta x)\n"
+    "      --latex                también en LaTeX\n"
+    "      --json                 cada dato con su nombre, en JSON\n"
+    "      --lote                 una ecuación por línea de la entrada; \"----\" tras\n"
+    "                             cada una (con --json, un objeto por línea)\n"
     "\n"
     "Un argumento que empiece por un solo - es un texto, no una opción (salvo -f\n"
     "en derivar): \"-y = x^3\" o \"-0.5\" se escriben tal cual. Uno que empiece por\n"
@@ -83,5 +93,6 @@ int main(int argc, char** argv) {
   if (orden == "despejar") return OrdenDespejar(args);
   if (orden == "derivar") return OrdenDerivar(args);
   if (orden == "formato") return OrdenFormato(args);
+  if (orden == "analizar") return OrdenAnalizar(args);
   return ErrorDeUso("orden desconocida: " + orden);
 }
