@@ -45,6 +45,11 @@ void frmConfig::CreaCampos() {
       QStringLiteral("Cifras decimales con que se redondean los números, de 0 a 300"));
   chkFracc = Nombrado(new QCheckBox(QStringLiteral("Fracciones"), this), "chkFracc");
   chkFracc->setToolTip(QStringLiteral("Escribir los números del resultado como fracciones"));
+  chkSimplificada =
+      Nombrado(new QCheckBox(QStringLiteral("Escribir también dy/dx &simplificada"), this),
+               "chkSimplificada");
+  chkSimplificada->setToolTip(
+      QStringLiteral("Añadir tras el resultado la derivada en su forma más simple"));
 }
 
 QLayout* frmConfig::Campos() {
@@ -53,6 +58,7 @@ QLayout* frmConfig::Campos() {
   campos->addRow(QStringLiteral("Variable &independiente:"), txtVI);
   campos->addRow(QStringLiteral("Cifras de &redondeo:"), txtCRE);
   campos->addRow(QString(), chkFracc);
+  campos->addRow(QString(), chkSimplificada);
   return campos;
 }
 
@@ -81,6 +87,7 @@ void frmConfig::Abre() {
   txtVI->setText(QString::fromStdString(config_.VarInd));
   txtCRE->setText(QString::number(config_.CifRedExt));
   chkFracc->setChecked(config_.OutFracc);
+  chkSimplificada->setChecked(simplificada_);
   txtVD->setFocus();
   txtVD->selectAll();
 }
@@ -117,5 +124,6 @@ void frmConfig::Acepta() {
     return;
   }
   config_ = AceptaConfig(cre, vd, vi, chkFracc->isChecked());
+  simplificada_ = chkSimplificada->isChecked();
   accept();
 }

@@ -24,6 +24,12 @@ public:
   // The boxes from the current settings; showing the dialog calls it.
   void Abre();
 
+  // Whether Derivar also writes dy/dx in lowest terms (the analysis) after
+  // its result. Unlike the settings above it is kept between runs, by the
+  // main window.
+  bool Simplificada() const { return simplificada_; }
+  void Simplificada(bool valor) { simplificada_ = valor; }
+
 signals:
   // The help button: the help window should show this topic.
   void ayudaPedida(const QString& tema);
@@ -43,4 +49,6 @@ private:
   QLineEdit* txtVI = nullptr;
   QLineEdit* txtCRE = nullptr;
   QCheckBox* chkFracc = nullptr;
+  QCheckBox* chkSimplificada = nullptr;
+  bool simplificada_ = false;
 };

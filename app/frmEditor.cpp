@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QToolBar>
 
+#include "analysis/Analisis.h"
 #include "app/Dialogos.h"
 #include "app/Impresion.h"
 #include "app/VentanaAyuda.h"
@@ -92,12 +93,16 @@ QString NombreEjecutable() {
 
 } // namespace
 
+// Where the choice to write the simplified derivative is kept.
+constexpr const char* kSeccionAnalisis = "Analisis";
+constexpr const char* kClaveSimplificada = "Simplificada";
+
 // The program's icon is compiled into this static library, whose resources
 // the linker would leave out unless something asks for them by name.
 static void CargaRecursos() { Q_INIT_RESOURCE(mirkal); }
 
 frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
-    : QMainWindow(padre), presentacion_(almacen), buscador_(editor_) {
+    : QMainWindow(padre), almacen_(almacen), presentacion_(almacen), buscador_(editor_) {
   setObjectName(QStringLiteral("frmEditor"));
   CargaRecursos();
   setWindowIcon(QIcon(QStringLiteral(":/mirkal.svg")));
@@ -115,6 +120,7 @@ frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
   picEdit_ = new VistaEditor(editor_, presentacion_, this);
   setCentralWidget(picEdit_);
   config_ = new frmConfig(this);
+  config_->Simplificada(almacen_.Lee(kSeccionAnalisis, kClaveSimplificada, "0") == "1");
   CreaAcciones();
   CreaMenus();
   CreaBarra();
@@ -564,7 +570,10 @@ void frmEditor::BuscarSiguiente() {
 // ---------------------------------------------------------------------------
 // Options and help
 
-void frmEditor::Configurar() { config_->exec(); }
+void frmEditor::Configurar() {
+  if (config_->exec() == QDialog::Accepted)
+    almacen_.Escribe(kSeccionAnalisis, kClaveSimplificada, config_->Simplificada() ? "1" : "0");
+}
 
 void frmEditor::EditorPresentacion() {
   frmPresentar dialogo(presentacion_, this);
@@ -588,7 +597,18 @@ void frmEditor::Deriva(bool pasoAPaso) {
     Dialogos::Aviso(this, QString::fromStdString(salida.ErrDesc), NombreEjecutable());
     return;
   }
-  const Resultado r = editor_.EscribeTexto(salida.Texto());
+  std::string texto = salida.Texto();
+  // On request, dy/dx in lowest terms after the result, in the same change.
+  if (config_->Simplificada()) {
+    Analisis analisis;
+    analisis.VarDep(config_->Config().VarDep);
+    analisis.VarInd(config_->Config().VarInd);
+    const ResultadoAnalisis a = analisis.Analiza(doc.TextoDocumento());
+    if (a.error.empty())
+      texto +=
+          "\r\n'd" + analisis.VarDep() + "/d" + analisis.VarInd() + " simplificada = " + a.derivada;
+  }
+  const Resultado r = editor_.EscribeTexto(texto);
   if (!r.aviso.empty()) Dialogos::Aviso(this, QString::fromStdString(r.aviso));
   picEdit_->Actualiza();
 }

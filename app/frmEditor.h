@@ -103,6 +103,7 @@ private:
 
   Editor editor_;
   EstadoArchivo archivo_;
+  AlmacenAjustes& almacen_; // the settings kept between runs
   Presentacion presentacion_;
   Buscador buscador_;
   MotorDerivar motor_; // one engine for the whole session

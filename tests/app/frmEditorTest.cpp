@@ -13,6 +13,7 @@
 #include "app/Dialogos.h"
 #include "app/VentanaAyuda.h"
 #include "app/VistaEditor.h"
+#include "app/frmConfig.h"
 #include "app/frmEditor.h"
 #include "app/frmPresentar.h"
 #include "editor/Paleta.h"
@@ -80,7 +81,11 @@ void Maneja(QWidget& dialogo, QStringList& pasos) {
     } else if (lista) {
       lista->setCurrentText(m.captured(3));
     } else {
-      QTest::mouseClick(boton, Qt::LeftButton);
+      // A check box takes clicks on its box and its text, not on the blank
+      // that a wide form column leaves after them.
+      const QPoint donde =
+          qobject_cast<QCheckBox*>(boton) ? QPoint(6, boton->height() / 2) : QPoint();
+      QTest::mouseClick(boton, Qt::LeftButton, {}, donde);
     }
   }
 }
@@ -371,6 +376,24 @@ TEST_F(VentanaTest, ElCursorNoDejaRastro) {
   v->ParpadeaCursor();
   pinta();
   EXPECT_TRUE(trazos().isEmpty()) << trazos().size();
+}
+
+// The choice to write the simplified derivative is kept between runs; off
+// until chosen.
+TEST_F(VentanaTest, LaDerivadaSimplificadaSeRecuerda) {
+  EXPECT_FALSE(NuevaVentana().Configuracion().Simplificada());
+  ConDialogo([&] { ventanas.back()->Configurar(); },
+             [](QDialog& d) {
+               QTest::mouseClick(d.findChild<QCheckBox*>("chkSimplificada"), Qt::LeftButton, {},
+                                 QPoint(6, 6));
+               QTest::mouseClick(d.findChild<QPushButton*>("cmdAceptar"), Qt::LeftButton);
+             });
+  frmEditor& otra = NuevaVentana();
+  EXPECT_TRUE(otra.Configuracion().Simplificada());
+  Teclea(otra.Vista(), "y = 2*x^2/(4*x)");
+  otra.Derivar();
+  EXPECT_EQ(otra.Modelo().Doc().GetTextFila(otra.Modelo().Doc().NumFilas() - 1),
+            "'dy/dx simplificada = 1/2");
 }
 
 // The find dialog's boxes answer to their underlined letters.
