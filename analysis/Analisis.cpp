@@ -12,16 +12,18 @@ using namespace GiNaC;
 
 namespace {
 
-int Nodos(const ex& e) {
-  int n = 1;
+// Whether an expression has more than `limite` nodes, counted as a tree;
+// the count stops as soon as it passes the limit, so that a result that
+// shares its parts many times over is not walked whole.
+bool Excede(const ex& e, int& quedan) {
+  if (--quedan < 0) return true;
   for (std::size_t i = 0; i < e.nops(); ++i)
-    n += Nodos(e.op(i));
-  return n;
+    if (Excede(e.op(i), quedan)) return true;
+  return false;
 }
 
-ex Acotada(const ex& e) {
-  if (Nodos(e) > kMaxNodosAnalisis)
-    throw ErrorAnalisis("La expresión es demasiado grande para analizarla");
+ex Acotada(const ex& e, int limite) {
+  if (Excede(e, limite)) throw ErrorAnalisis("La expresión es demasiado grande para analizarla");
   return e;
 }
 
@@ -76,14 +78,15 @@ ResultadoAnalisis Analisis::Analiza(const std::string& ecuacion, const std::stri
     const std::string normal = s.Expr();
     const auto igual = normal.find('=');
     Variables variables;
-    const ex l = Acotada(LeeExpresion(normal.substr(0, igual), variables));
-    const ex d = Acotada(LeeExpresion(normal.substr(igual + 1), variables));
+    const ex l = Acotada(LeeExpresion(normal.substr(0, igual), variables), kMaxNodosEcuacion);
+    const ex d = Acotada(LeeExpresion(normal.substr(igual + 1), variables), kMaxNodosEcuacion);
     const symbol y = Simbolo(variables, varDep_), x = Simbolo(variables, varInd_);
     const ex f = l - d;
     const ex fy = f.diff(y), fx = f.diff(x);
     if (fy.is_zero()) throw ErrorAnalisis("No se pudo despejar el cociente de diferenciales");
-    const ex d1 = Acotada(GiNaC::normal(-fx / fy));
-    const ex d2 = Acotada(GiNaC::normal(d1.diff(x) + d1.diff(y) * d1));
+    const ex d1 = Acotada(GiNaC::normal(Acotada(-fx / fy, kMaxNodosResultado)), kMaxNodosResultado);
+    const ex d2 = Acotada(GiNaC::normal(Acotada(d1.diff(x) + d1.diff(y) * d1, kMaxNodosResultado)),
+                          kMaxNodosResultado);
     r.ecuacion = EnMirkal(l) + " = " + EnMirkal(d);
     r.derivada = EnMirkal(d1);
     r.segunda = EnMirkal(d2);

@@ -33,6 +33,11 @@ private:
   std::string varDep_ = "y", varInd_ = "x";
 };
 
-// The largest expression, counted in nodes, that the analysis takes on:
-// beyond it GiNaC's normal form can take seconds and gigabytes.
-inline constexpr int kMaxNodosAnalisis = 4000;
+// The largest equation, and the largest derivative, counted in nodes, that
+// the analysis takes on: GiNaC's normal form, which brings a result over one
+// denominator and expands it, takes a time that grows steeply with them. An
+// equation of 500 nodes (a product of 64 binomials, a nested quotient of 64
+// levels) is analysed in under half a second; one of twice that can take
+// minutes, and is refused at once instead. Typical equations have under 100.
+inline constexpr int kMaxNodosEcuacion = 500;
+inline constexpr int kMaxNodosResultado = 20000;

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <map>
 #include <sstream>
+#include <tuple>
 #include <vector>
 
 #include "analysis/ExpresionGinac.h"
@@ -17,6 +18,7 @@ namespace {
 struct Pieza {
   std::string texto;
   int fuerza;
+  int grado = 0; // in a sum, terms of higher degree go first
 };
 
 // What changes between Mirkal's language and LaTeX; the structure is one.
@@ -111,6 +113,20 @@ private:
   // of its own that depends on when each symbol was made; they are written in
   // an order of their text instead, so that the same result always reads
   // alike, a sum's numbers last.
+  // A term's degree in all its variables together, for sums written from
+  // the highest power down.
+  static int Grado(const ex& t) {
+    if (is_a<symbol>(t)) return 1;
+    if (is_a<power>(t) && is_a<symbol>(t.op(0)) && is_a<numeric>(t.op(1)) &&
+        ex_to<numeric>(t.op(1)).is_integer())
+      return ex_to<numeric>(t.op(1)).to_int();
+    int grado = 0;
+    if (is_a<mul>(t))
+      for (std::size_t i = 0; i < t.nops(); ++i)
+        grado += Grado(t.op(i));
+    return grado;
+  }
+
   static void Ordena(std::vector<Pieza>& piezas, bool numerosAlFinal) {
     const auto clave = [&](const Pieza& p) {
       const std::string sinSigno =
@@ -118,7 +134,7 @@ private:
       const bool numero = !sinSigno.empty() &&
                           std::isdigit(static_cast<unsigned char>(sinSigno[0])) &&
                           sinSigno.find_first_not_of("0123456789/.") == std::string::npos;
-      return std::pair(numerosAlFinal && numero, sinSigno);
+      return std::tuple(numerosAlFinal && numero, -p.grado, sinSigno);
     };
     std::stable_sort(piezas.begin(), piezas.end(),
                      [&](const Pieza& a, const Pieza& b) { return clave(a) < clave(b); });
@@ -126,8 +142,10 @@ private:
 
   Pieza DeSuma(const ex& e) const {
     std::vector<Pieza> terminos;
-    for (std::size_t i = 0; i < e.nops(); ++i)
+    for (std::size_t i = 0; i < e.nops(); ++i) {
       terminos.push_back(Escribe(e.op(i)));
+      terminos.back().grado = Grado(e.op(i));
+    }
     Ordena(terminos, true);
     std::string texto;
     for (const Pieza& t : terminos) {
