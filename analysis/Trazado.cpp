@@ -141,6 +141,12 @@ std::string Curva::Lee(const std::string& ecuacion, const std::string& vd, const
 
 double Curva::F(double x, double y) const { return evaluador_->raiz.Valor(x, y); }
 
+double Curva::Pendiente(double x, double y) const {
+  const double h = 1e-6 * (1 + std::fabs(x) + std::fabs(y));
+  const double fx = F(x + h, y) - F(x - h, y), fy = F(x, y + h) - F(x, y - h);
+  return fy == 0 ? kNaN : -fx / fy;
+}
+
 std::vector<Segmento> Curva::Traza(const Ventana& v, int columnas, int filas) const {
   std::vector<Segmento> out;
   columnas = std::max(columnas, 2);

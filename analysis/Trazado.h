@@ -35,6 +35,10 @@ public:
   // y = f(x): y is alone, with a constant coefficient.
   bool Explicita() const { return explicita_; }
 
+  // The slope dy/dx = -F_x/F_y at a point of the curve, by central
+  // differences; NaN where F_y vanishes.
+  double Pendiente(double x, double y) const;
+
   // The curve inside `v`, sampled on a grid of `columnas` by `filas` cells.
   std::vector<Segmento> Traza(const Ventana& v, int columnas, int filas) const;
 

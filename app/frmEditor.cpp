@@ -19,6 +19,7 @@
 #include "analysis/Analisis.h"
 #include "app/Dialogos.h"
 #include "app/Impresion.h"
+#include "app/PanelAnalisis.h"
 #include "app/VentanaAyuda.h"
 #include "app/VistaEditor.h"
 #include "app/frmAcercaDe.h"
@@ -96,6 +97,7 @@ QString NombreEjecutable() {
 // Where the choice to write the simplified derivative is kept.
 constexpr const char* kSeccionAnalisis = "Analisis";
 constexpr const char* kClaveSimplificada = "Simplificada";
+constexpr const char* kClavePanel = "Panel";
 
 // The program's icon is compiled into this static library, whose resources
 // the linker would leave out unless something asks for them by name.
@@ -122,6 +124,7 @@ frmEditor::frmEditor(AlmacenAjustes& almacen, QWidget* padre)
   config_ = new frmConfig(this);
   config_->Simplificada(almacen_.Lee(kSeccionAnalisis, kClaveSimplificada, "0") == "1");
   CreaAcciones();
+  CreaPanel();
   CreaMenus();
   CreaBarra();
   CreaEstado();
@@ -183,7 +186,9 @@ void frmEditor::ArrancaRelojes() {
   RelojGeneral.start(1000);
 }
 
-frmEditor::~frmEditor() = default;
+// The panel is hidden as the window goes: that is no choice of the user's to
+// remember, and this window is no longer whole to hear of it.
+frmEditor::~frmEditor() { panel_->toggleViewAction()->disconnect(this); }
 
 QAction* frmEditor::NuevaAccion(const QString& nombre, const QString& texto,
                                 const QKeySequence& atajo, std::function<void()> orden) {
@@ -234,6 +239,21 @@ void frmEditor::CreaAcciones() {
   NuevaAccion("AcercaDe", "&Acerca de Mirkal", QKeySequence(), [this] { AcercaDe(); });
 }
 
+// The analysis panel, shown or hidden as it was last time.
+void frmEditor::CreaPanel() {
+  panel_ = new PanelAnalisis(this);
+  addDockWidget(Qt::RightDockWidgetArea, panel_);
+  QAction* ver = panel_->toggleViewAction();
+  ver->setObjectName(QStringLiteral("PanelAnalisis"));
+  ver->setText(QStringLiteral("Panel de &análisis"));
+  ver->setShortcut(QKeySequence(Qt::Key_F7));
+  acciones_.insert(QStringLiteral("PanelAnalisis"), ver);
+  panel_->setVisible(almacen_.Lee(kSeccionAnalisis, kClavePanel, "0") == "1");
+  connect(ver, &QAction::toggled, this, [this](bool visto) {
+    almacen_.Escribe(kSeccionAnalisis, kClavePanel, visto ? "1" : "0");
+  });
+}
+
 void frmEditor::CreaMenus() {
   auto añade = [this](QMenu* menu, std::initializer_list<const char*> nombres) {
     for (const char* n : nombres) {
@@ -253,7 +273,7 @@ void frmEditor::CreaMenus() {
                        "SeleccionarTodo", "", "Buscar", "Reemplazar", "BuscarSiguiente"});
   QMenu* opciones = menuBar()->addMenu("&Opciones");
   opciones->setObjectName("Opciones");
-  añade(opciones, {"Derivar", "DerivarPP", "", "Configuración", "Editor"});
+  añade(opciones, {"Derivar", "DerivarPP", "", "Configuración", "Editor", "", "PanelAnalisis"});
   QMenu* ayuda = menuBar()->addMenu("A&yuda");
   ayuda->setObjectName("Ayuda");
   añade(ayuda, {"Contenido", "", "AcercaDe"});
@@ -608,6 +628,7 @@ void frmEditor::Deriva(bool pasoAPaso) {
       texto +=
           "\r\n'd" + analisis.VarDep() + "/d" + analisis.VarInd() + " simplificada = " + a.derivada;
   }
+  panel_->Analiza(doc.TextoDocumento(), config_->Config().VarDep, config_->Config().VarInd);
   const Resultado r = editor_.EscribeTexto(texto);
   if (!r.aviso.empty()) Dialogos::Aviso(this, QString::fromStdString(r.aviso));
   picEdit_->Actualiza();

@@ -24,6 +24,7 @@ class QPrinter;
 class QToolBar;
 class VistaEditor;
 class frmConfig;
+class PanelAnalisis;
 class VentanaAyuda;
 
 class frmEditor : public QMainWindow {
@@ -38,6 +39,7 @@ public:
   const EstadoArchivo& Archivo() const { return archivo_; }
   Presentacion& Ajustes() { return presentacion_; }
   frmConfig& Configuracion() { return *config_; }
+  PanelAnalisis* Panel() const { return panel_; }
   VistaEditor* Vista() const { return picEdit_; }
   QAction* Accion(const QString& nombre) const { return acciones_.value(nombre); }
   QToolBar* BarraH() const { return barraH_; }
@@ -89,6 +91,7 @@ private:
   void ArrancaRelojes();
   void CreaAcciones();
   void CreaMenus();
+  void CreaPanel();
   void CreaBarra();
   void CreaEstado();
   void Deriva(bool pasoAPaso);
@@ -109,6 +112,7 @@ private:
   MotorDerivar motor_; // one engine for the whole session
   VistaEditor* picEdit_ = nullptr;
   frmConfig* config_ = nullptr;
+  PanelAnalisis* panel_ = nullptr;
   VentanaAyuda* ayuda_ = nullptr;
   QToolBar* barraH_ = nullptr;
   QLabel* posCursor_ = nullptr;

@@ -9,6 +9,8 @@
 
 #include "app/AlmacenAjustesQt.h"
 #include "app/Dialogos.h"
+#include "app/GraficoCurva.h"
+#include "app/PanelAnalisis.h"
 #include "app/frmEditor.h"
 #include "lang/Aviso.h"
 
@@ -31,10 +33,11 @@ int main(int argc, char** argv) {
   // screen, window manager's frame included; --captura-guardar IMAGEN does
   // the same with the Save As dialog open. Both end the program then
   // (scripts/screenshot uses them to show the program at work).
-  QString captura, capturaGuardar;
+  QString captura, capturaGuardar, capturaAnalisis;
   for (const auto& [opcion, destino] :
        {std::pair(QStringLiteral("--captura"), &captura),
-        std::pair(QStringLiteral("--captura-guardar"), &capturaGuardar)})
+        std::pair(QStringLiteral("--captura-guardar"), &capturaGuardar),
+        std::pair(QStringLiteral("--captura-analisis"), &capturaAnalisis)})
     if (const auto i = args.indexOf(opcion); i >= 0 && i + 1 < args.size()) {
       *destino = args[i + 1];
       args.remove(i, 2);
@@ -52,6 +55,22 @@ int main(int argc, char** argv) {
         ventana.Modelo().Modificado(false); // nothing to ask when a picture was all it was for
         ventana.close();
         QApplication::exit(guardada ? 0 : 1);
+      });
+    });
+  } else if (!capturaAnalisis.isEmpty()) {
+    // The analysis panel after Derivar, with the tangent at (3, 4) picked.
+    if (!ventana.Panel()->isVisible()) ventana.Accion(QStringLiteral("PanelAnalisis"))->trigger();
+    QTimer::singleShot(500, &ventana, [&] {
+      ventana.Derivar();
+      QTimer::singleShot(1000, &ventana, [&] {
+        GraficoCurva* g = ventana.Panel()->Grafico();
+        g->Elige(g->APixel({3, 4}, g->size()));
+        QTimer::singleShot(300, &ventana, [&] {
+          const bool guardada = fotografia(capturaAnalisis);
+          ventana.Modelo().Modificado(false);
+          ventana.close();
+          QApplication::exit(guardada ? 0 : 1);
+        });
       });
     });
   } else if (!capturaGuardar.isEmpty()) {

@@ -11,6 +11,8 @@
 #include "app/AlmacenAjustesQt.h"
 #include "app/CamposBusquedaQt.h"
 #include "app/Dialogos.h"
+#include "app/GraficoCurva.h"
+#include "app/PanelAnalisis.h"
 #include "app/VentanaAyuda.h"
 #include "app/VistaEditor.h"
 #include "app/frmConfig.h"
@@ -394,6 +396,80 @@ TEST_F(VentanaTest, LaDerivadaSimplificadaSeRecuerda) {
   otra.Derivar();
   EXPECT_EQ(otra.Modelo().Doc().GetTextFila(otra.Modelo().Doc().NumFilas() - 1),
             "'dy/dx simplificada = 1/2");
+}
+
+// Pixels of a colour within two pixels of a point of the picture.
+int PixelesCerca(const QImage& imagen, QPointF donde, const QColor& color) {
+  int n = 0;
+  for (int dy = -2; dy <= 2; ++dy)
+    for (int dx = -2; dx <= 2; ++dx) {
+      const QPoint p = donde.toPoint() + QPoint(dx, dy);
+      if (imagen.rect().contains(p) && imagen.pixelColor(p) == color) ++n;
+    }
+  return n;
+}
+
+// The circle is drawn all round and nowhere else; 1/x is drawn on both
+// sides of its asymptote and never across it.
+TEST(Grafico, DibujaLaCurvaYNadaEnLasAsintotas) {
+  GraficoCurva g;
+  ASSERT_EQ(g.Muestra("x^2 + y^2 = 25", "y", "x"), "");
+  g.FijaVista({-6, 6, -6, 6});
+  const QSize tam(300, 300);
+  QImage imagen = g.Imagen(tam);
+  for (double angulo = 0; angulo < 6.28; angulo += 0.5)
+    EXPECT_GT(PixelesCerca(imagen, g.APixel({5 * std::cos(angulo), 5 * std::sin(angulo)}, tam),
+                           GraficoCurva::kColorCurva),
+              0)
+        << angulo;
+  for (const Punto2 fuera : {Punto2{0, 0}, Punto2{2, 2}, Punto2{-3, 1}, Punto2{5.5, 5.5}})
+    EXPECT_EQ(PixelesCerca(imagen, g.APixel(fuera, tam), GraficoCurva::kColorCurva), 0);
+
+  ASSERT_EQ(g.Muestra("y = 1/x", "y", "x"), "");
+  g.FijaVista({-3.013, 2.987, -5, 5});
+  imagen = g.Imagen(tam);
+  const int columna = static_cast<int>(std::lround(g.APixel({0, 0}, tam).x()));
+  for (int y = 0; y < tam.height(); ++y)
+    EXPECT_NE(imagen.pixelColor(columna, y), GraficoCurva::kColorCurva) << y;
+  EXPECT_GT(PixelesCerca(imagen, g.APixel({1, 1}, tam), GraficoCurva::kColorCurva), 0);
+  EXPECT_GT(PixelesCerca(imagen, g.APixel({-1, -1}, tam), GraficoCurva::kColorCurva), 0);
+}
+
+// A click near the curve picks its nearest point, with the slope there, and
+// draws the tangent; a click far from it picks nothing.
+TEST(Grafico, UnClicEligeElPuntoYSuTangente) {
+  GraficoCurva g;
+  g.resize(300, 300);
+  ASSERT_EQ(g.Muestra("x^2 + y^2 = 25", "y", "x"), "");
+  g.FijaVista({-6, 6, -6, 6});
+  QTest::mouseClick(&g, Qt::LeftButton, {}, g.APixel({0.5, 0.5}, g.size()).toPoint());
+  EXPECT_FALSE(g.HayPunto());
+  QTest::mouseClick(&g, Qt::LeftButton, {}, g.APixel({3.05, 4.05}, g.size()).toPoint());
+  ASSERT_TRUE(g.HayPunto());
+  EXPECT_NEAR(g.Punto().x, 3, 0.1);
+  EXPECT_NEAR(g.Punto().y, 4, 0.1);
+  EXPECT_NEAR(g.Pendiente(), -g.Punto().x / g.Punto().y, 1e-3);
+  // The tangent at the point, y = y0 + m*(x - x0), across the view.
+  const QImage imagen = g.Imagen(g.size());
+  for (const double x : {0.5, 1.5, 5.5}) {
+    const double y = g.Punto().y + g.Pendiente() * (x - g.Punto().x);
+    EXPECT_GT(PixelesCerca(imagen, g.APixel({x, y}, g.size()), GraficoCurva::kColorTangente), 0)
+        << x;
+  }
+}
+
+// The panel is shown from the Opciones menu and remembered; after Derivar it
+// shows the derivative in lowest terms.
+TEST_F(VentanaTest, ElPanelSigueALaEcuacionYSeRecuerda) {
+  frmEditor& w = NuevaVentana();
+  EXPECT_FALSE(w.Panel()->isVisible());
+  w.Accion("PanelAnalisis")->trigger();
+  EXPECT_TRUE(w.Panel()->isVisible());
+  Teclea(w.Vista(), "x^2 + y^2 = 25");
+  w.Derivar();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !w.Panel()->Resultado().derivada.empty(); }, 5000));
+  EXPECT_EQ(w.Panel()->Resultado().derivada, "-x/y");
+  EXPECT_TRUE(NuevaVentana().Panel()->isVisible());
 }
 
 // The find dialog's boxes answer to their underlined letters.
