@@ -5,6 +5,7 @@
 
 #include "analysis/EscribeMirkal.h"
 #include "analysis/ExpresionGinac.h"
+#include "analysis/Formula.h"
 #include "lang/Cp1252.h"
 #include "lang/SintaxExp.h"
 
@@ -93,6 +94,10 @@ ResultadoAnalisis Analisis::Analiza(const std::string& ecuacion, const std::stri
     r.latexEcuacion = EnLatex(l) + " = " + EnLatex(d);
     r.latexDerivada = EnLatex(d1);
     r.latexSegunda = EnLatex(d2);
+    r.formulaEcuacion = {
+        Formula::Fila, "", false, {EnFormula(l), {Formula::Texto, " = ", false, {}}, EnFormula(d)}};
+    r.formulaDerivada = EnFormula(d1);
+    r.formulaSegunda = EnFormula(d2);
     // y = f(x): the dependent variable once, with a constant coefficient.
     r.explicita = is_a<numeric>(fy) && !f.subs(y == 0).has(y);
     if (punto.empty()) return r;

@@ -7,11 +7,14 @@
 #include <map>
 #include <string>
 
+#include "analysis/Formula.h"
+
 struct ResultadoAnalisis {
   std::string error;                       // Spanish; empty when the analysis was made
   std::string ecuacion, derivada, segunda; // in Mirkal's language
   std::string latexEcuacion, latexDerivada, latexSegunda;
-  bool explicita = false; // y = f(x): the point needs only x
+  Formula formulaEcuacion, formulaDerivada, formulaSegunda; // typeset
+  bool explicita = false;                                   // y = f(x): the point needs only x
   // At the point asked for, if any.
   bool conPunto = false;
   std::string x0, y0, pendiente, segundaEnPunto, tangente, normal;

@@ -62,6 +62,19 @@ const std::map<std::string, std::pair<std::string, std::string>>& Nombres() {
   return nombres;
 }
 
+// A term's degree in all its variables together.
+int Grado(const ex& t) {
+  if (is_a<symbol>(t)) return 1;
+  if (is_a<power>(t) && is_a<symbol>(t.op(0)) && is_a<numeric>(t.op(1)) &&
+      ex_to<numeric>(t.op(1)).is_integer())
+    return ex_to<numeric>(t.op(1)).to_int();
+  int grado = 0;
+  if (is_a<mul>(t))
+    for (std::size_t i = 0; i < t.nops(); ++i)
+      grado += Grado(t.op(i));
+  return grado;
+}
+
 class Escritor {
 public:
   explicit Escritor(bool latex) : estilo_{latex} {}
@@ -113,20 +126,6 @@ private:
   // of its own that depends on when each symbol was made; they are written in
   // an order of their text instead, so that the same result always reads
   // alike, a sum's numbers last.
-  // A term's degree in all its variables together, for sums written from
-  // the highest power down.
-  static int Grado(const ex& t) {
-    if (is_a<symbol>(t)) return 1;
-    if (is_a<power>(t) && is_a<symbol>(t.op(0)) && is_a<numeric>(t.op(1)) &&
-        ex_to<numeric>(t.op(1)).is_integer())
-      return ex_to<numeric>(t.op(1)).to_int();
-    int grado = 0;
-    if (is_a<mul>(t))
-      for (std::size_t i = 0; i < t.nops(); ++i)
-        grado += Grado(t.op(i));
-    return grado;
-  }
-
   static void Ordena(std::vector<Pieza>& piezas, bool numerosAlFinal) {
     const auto clave = [&](const Pieza& p) {
       const std::string sinSigno =
@@ -141,14 +140,9 @@ private:
   }
 
   Pieza DeSuma(const ex& e) const {
-    std::vector<Pieza> terminos;
-    for (std::size_t i = 0; i < e.nops(); ++i) {
-      terminos.push_back(Escribe(e.op(i)));
-      terminos.back().grado = Grado(e.op(i));
-    }
-    Ordena(terminos, true);
     std::string texto;
-    for (const Pieza& t : terminos) {
+    for (const ex& termino : TerminosEnOrden(e)) {
+      const Pieza t = Escribe(termino);
       if (texto.empty())
         texto = t.texto;
       else if (!t.texto.empty() && t.texto[0] == '-')
@@ -225,5 +219,28 @@ private:
 } // namespace
 
 std::string EnMirkal(const ex& e) { return Escritor(false).Escribe(e).texto; }
+
+std::vector<ex> TerminosEnOrden(const ex& suma) {
+  struct Clave {
+    bool numero;
+    int grado;
+    std::string texto;
+    ex termino;
+  };
+  std::vector<Clave> claves;
+  for (std::size_t i = 0; i < suma.nops(); ++i) {
+    const ex t = suma.op(i);
+    std::string texto = EnMirkal(t);
+    if (!texto.empty() && texto[0] == '-') texto.erase(0, 1);
+    claves.push_back({is_a<numeric>(t), Grado(t), texto, t});
+  }
+  std::stable_sort(claves.begin(), claves.end(), [](const Clave& a, const Clave& b) {
+    return std::tie(a.numero, b.grado, a.texto) < std::tie(b.numero, a.grado, b.texto);
+  });
+  std::vector<ex> orden;
+  for (const Clave& c : claves)
+    orden.push_back(c.termino);
+  return orden;
+}
 
 std::string EnLatex(const ex& e) { return Escritor(true).Escribe(e).texto; }

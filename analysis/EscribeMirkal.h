@@ -7,8 +7,14 @@
 #include <ginac/ginac.h>
 
 #include <string>
+#include <vector>
 
 std::string EnMirkal(const GiNaC::ex& e);
 
 // The same expression in LaTeX.
 std::string EnLatex(const GiNaC::ex& e);
+
+// The terms of a sum in the order every writer puts them: the highest
+// degree first, numbers last, then by their text (GiNaC's own order depends
+// on when each symbol was made).
+std::vector<GiNaC::ex> TerminosEnOrden(const GiNaC::ex& suma);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <QtConcurrent/QtConcurrentRun>
 
+#include "app/FormulaVista.h"
 #include "app/GraficoCurva.h"
 
 PanelAnalisis::PanelAnalisis(QWidget* padre) : QDockWidget(QStringLiteral("Análisis"), padre) {
@@ -69,16 +70,12 @@ PanelAnalisis::PanelAnalisis(QWidget* padre) : QDockWidget(QStringLiteral("Anál
 }
 
 void PanelAnalisis::FilaDeFormula(QGridLayout* rejilla, int fila, const QString& titulo,
-                                  QLabel*& texto, const std::string ResultadoAnalisis::*enTexto,
+                                  FormulaVista*& texto,
+                                  const std::string ResultadoAnalisis::*enTexto,
                                   const std::string ResultadoAnalisis::*enLatex) {
   rejilla->addWidget(new QLabel(titulo + QStringLiteral(":"), this), fila, 0);
-  texto = new QLabel(this);
-  texto->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  QFont f = texto->font();
-  f.setFamilies({QStringLiteral("DejaVu Serif"), QStringLiteral("Serif")});
-  f.setItalic(true);
-  f.setPointSizeF(f.pointSizeF() * 1.2);
-  texto->setFont(f);
+  texto = new FormulaVista(this);
+  texto->setObjectName(QStringLiteral("formula%1").arg(fila));
   rejilla->addWidget(texto, fila, 1);
   auto* latex = new QPushButton(QStringLiteral("Copiar como LaTeX"), this);
   auto* plano = new QPushButton(QStringLiteral("Copiar como texto"), this);
@@ -115,8 +112,8 @@ void PanelAnalisis::Analiza(const std::string& ecuacion, const std::string& vd,
 }
 
 void PanelAnalisis::Muestra(const ResultadoAnalisis& r) {
-  ecuacion_->setText(QString::fromStdString(r.ecuacion));
-  derivada_->setText(QString::fromStdString(r.derivada));
-  segunda_->setText(QString::fromStdString(r.segunda));
+  ecuacion_->Muestra(r.formulaEcuacion);
+  derivada_->Muestra(r.formulaDerivada);
+  segunda_->Muestra(r.formulaSegunda);
   if (!r.error.empty()) estado_->setText(QString::fromStdString(r.error));
 }

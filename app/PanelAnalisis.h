@@ -11,6 +11,7 @@
 
 #include "analysis/Analisis.h"
 
+class FormulaVista;
 class GraficoCurva;
 class QLabel;
 
@@ -22,17 +23,19 @@ public:
   void Analiza(const std::string& ecuacion, const std::string& vd, const std::string& vi);
   const ResultadoAnalisis& Resultado() const { return resultado_; }
   GraficoCurva* Grafico() const { return grafico_; }
+  FormulaVista* VistaDerivada() const { return derivada_; }
 
 signals:
   void analizado();
 
 private:
   void Muestra(const ResultadoAnalisis& r);
-  void FilaDeFormula(class QGridLayout* rejilla, int fila, const QString& titulo, QLabel*& texto,
-                     const std::string ResultadoAnalisis::*enTexto,
+  void FilaDeFormula(class QGridLayout* rejilla, int fila, const QString& titulo,
+                     FormulaVista*& texto, const std::string ResultadoAnalisis::*enTexto,
                      const std::string ResultadoAnalisis::*enLatex);
 
-  QLabel *ecuacion_ = nullptr, *derivada_ = nullptr, *segunda_ = nullptr, *estado_ = nullptr;
+  FormulaVista *ecuacion_ = nullptr, *derivada_ = nullptr, *segunda_ = nullptr;
+  QLabel* estado_ = nullptr;
   GraficoCurva* grafico_ = nullptr;
   ResultadoAnalisis resultado_;
   std::string ecuacionPedida_, vd_, vi_;

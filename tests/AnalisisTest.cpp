@@ -58,6 +58,39 @@ TEST(Analisis, CadaFuncionSignificaLoQueCalculaElMotor) {
   }
 }
 
+// The typeset structure: a written form of its boxes, "[a/b]" a fraction,
+// "a^{b}" a raised exponent, "√{a}" a root, "(a)" parentheses, "_a_" italics.
+std::string Cajas(const Formula& f) {
+  std::string hijos;
+  for (const Formula& h : f.hijos)
+    hijos += Cajas(h);
+  switch (f.tipo) {
+  case Formula::Texto:
+    return f.cursiva ? "_" + f.texto + "_" : f.texto;
+  case Formula::Fila:
+    return hijos;
+  case Formula::Fraccion:
+    return "[" + Cajas(f.hijos[0]) + "/" + Cajas(f.hijos[1]) + "]";
+  case Formula::Potencia:
+    return Cajas(f.hijos[0]) + "^{" + Cajas(f.hijos[1]) + "}";
+  case Formula::Raiz:
+    return "√{" + hijos + "}";
+  case Formula::Parentesis:
+    return "(" + hijos + ")";
+  }
+  return "?";
+}
+
+TEST(Analisis, SeCompondriaComoMatematicas) {
+  Analisis a;
+  const auto r = a.Analiza("x^2 + y^2 = 25");
+  EXPECT_EQ(Cajas(r.formulaDerivada), "−[_x_/_y_]");
+  EXPECT_EQ(Cajas(r.formulaEcuacion), "_x_^{2} + _y_^{2} = 25");
+  EXPECT_EQ(Cajas(r.formulaSegunda), "−[_x_^{2} + _y_^{2}/_y_^{3}]");
+  EXPECT_EQ(Cajas(a.Analiza("y = Sin(x)^(1/2)").formulaDerivada), "[Cos(_x_)/2√{Sin(_x_)}]");
+  EXPECT_EQ(Cajas(a.Analiza("y = e^(3*x)/5").formulaDerivada), "[3_e_^{3_x_}/5]");
+}
+
 struct Ecuacion {
   std::string texto, vd = "y", vi = "x", origen;
 };

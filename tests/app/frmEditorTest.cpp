@@ -11,6 +11,7 @@
 #include "app/AlmacenAjustesQt.h"
 #include "app/CamposBusquedaQt.h"
 #include "app/Dialogos.h"
+#include "app/FormulaVista.h"
 #include "app/GraficoCurva.h"
 #include "app/PanelAnalisis.h"
 #include "app/VentanaAyuda.h"
@@ -470,6 +471,20 @@ TEST_F(VentanaTest, ElPanelSigueALaEcuacionYSeRecuerda) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return !w.Panel()->Resultado().derivada.empty(); }, 5000));
   EXPECT_EQ(w.Panel()->Resultado().derivada, "-x/y");
   EXPECT_TRUE(NuevaVentana().Panel()->isVisible());
+}
+
+// Typeset: a fraction stacks its parts over the bar, an exponent rises above
+// its base, and the panel shows the derivative so.
+TEST(Formulas, SeApilanYSuben) {
+  FormulaVista v;
+  const Formula x{Formula::Texto, "x", true, {}}, dos{Formula::Texto, "2", false, {}};
+  const auto solo = v.Mide(x, v.font());
+  const auto fraccion = v.Mide({Formula::Fraccion, "", false, {x, x}}, v.font());
+  EXPECT_GT(fraccion.sube + fraccion.baja, 1.5 * (solo.sube + solo.baja));
+  EXPECT_LT(fraccion.ancho, 2 * solo.ancho);
+  EXPECT_GT(v.Mide({Formula::Potencia, "", false, {x, dos}}, v.font()).sube, solo.sube);
+  v.Muestra({Formula::Fraccion, "", false, {x, x}});
+  EXPECT_GT(v.sizeHint().height(), static_cast<int>(1.5 * (solo.sube + solo.baja)));
 }
 
 // The find dialog's boxes answer to their underlined letters.
