@@ -459,6 +459,20 @@ TEST(Grafico, UnClicEligeElPuntoYSuTangente) {
   }
 }
 
+// The plot is saved as the picture it shows, in PNG and in SVG.
+TEST(Grafico, SeExportaEnPngYSvg) {
+  QTemporaryDir carpeta;
+  GraficoCurva g;
+  g.resize(300, 240);
+  ASSERT_EQ(g.Muestra("y = x^2", "y", "x"), "");
+  ASSERT_TRUE(g.ExportaPng(carpeta.filePath("g.png")));
+  ASSERT_TRUE(g.ExportaSvg(carpeta.filePath("g.svg")));
+  EXPECT_EQ(QImage(carpeta.filePath("g.png")).size(), QSize(300, 240));
+  const QByteArray svg = Bytes(carpeta.filePath("g.svg"));
+  EXPECT_TRUE(svg.contains("<svg") && (svg.contains("<polyline") || svg.contains("<path")))
+      << svg.left(200).toStdString();
+}
+
 // The panel is shown from the Opciones menu and remembered; after Derivar it
 // shows the derivative in lowest terms.
 TEST_F(VentanaTest, ElPanelSigueALaEcuacionYSeRecuerda) {
